@@ -1,0 +1,290 @@
+#include "editor/Document.h"
+
+#include "editor/StatusTexts.h"
+#include "platform/Files.h"
+#include "templates/Loader.h"
+
+namespace editor {
+namespace {
+
+constexpr int EscapeKey = 27;
+
+std::string_view NameIn(std::string_view path) {
+  const std::size_t separator = path.find_last_of("/\\");
+  return separator == std::string_view::npos ? path : path.substr(separator + 1);
+}
+
+/// The text after the last "." of the name; "" when there is none.
+std::string_view ExtensionOf(std::string_view path) {
+  const std::string_view name = NameIn(path);
+  const std::size_t dot = name.rfind('.');
+  return dot == std::string_view::npos ? "" : name.substr(dot + 1);
+}
+
+}  // namespace
+
+const std::vector<std::string_view>& DocumentTools() {
+  static const std::vector<std::string_view> tools = {
+      "miFind",     "miReplace", "miFindNext", "miSelectAll",    "miPaste",   "miCopy",  "miCut",
+      "miWordWrap", "save",      "saveas",     "miEditSynonyms", "miRefresh", "GenPrev", "SaveExec"};
+  return tools;
+}
+
+Document::Document(platform::TextControl& control, DocumentFrame& frame, DocumentWindow& window)
+    : m_control(control),
+      m_frame(frame),
+      m_window(window),
+      m_colouring({control, frame.Status(), frame.Loop(), frame.Settings()}, m_state),
+      m_view(control) {
+  m_control.SetEvents(this);
+  m_control.SetWordWrap(false);
+  m_state.Template.UseFont = static_cast<std::int16_t>(frame.Settings().DefaultFontType + 1);
+  UpdateFont();
+}
+
+Document::~Document() {
+  m_control.SetEvents(nullptr);
+}
+
+// The file.
+
+void Document::OpenFile(const std::string& path) {
+  platform::FileContent content = platform::ReadFile(path);
+  if (!content.Ok()) m_frame.Prompts().Show({.Text = "Could not read " + path, .Icon = platform::PromptIcon::Critical});
+  rich_text::DecodedText decoded = rich_text::DecodeText(std::move(content.Bytes));
+  m_encoding = decoded.Encoding;
+  m_hasMark = decoded.HasMark;
+  {
+    const ProgramChange change(m_state);
+    m_control.SetText(decoded.Text);
+  }
+  decoded = {};
+  m_state.LineCount = m_control.LineCount();
+  if (content.Ok()) {
+    m_state.CurFileName = path;
+    m_window.SetCaption(NameIn(path));
+  }
+  UpdateStatus();
+  ColourScan();
+  m_frame.UpdateWindowTabs();
+}
+
+bool Document::AskForName(std::string& path) {
+  path = m_frame.GetSaveFile("Save Script", m_state.Template.TName + " File", m_state.Template.DefaultExtension);
+  return !path.empty();
+}
+
+bool Document::SaveFile(const std::string& path) {
+  std::string target = path;
+  const bool asks = path.empty();
+  if (asks && !AskForName(target)) return false;
+  if (!WriteTo(target)) return false;
+  if (asks || target != m_state.CurFileName) {
+    m_state.CurFileName = target;
+    m_window.SetCaption(NameIn(target));
+  }
+  SetSaved(true);
+  return true;
+}
+
+bool Document::MayChangeEncoding(const std::string& path) {
+  const auto answer = m_frame.Prompts().Show(
+      {.Text = "\"" + path +
+               "\" is encoded in Windows-1252, which cannot hold every character that the text has now.  "
+               "Save it in UTF-8 instead?",
+       .Buttons = platform::PromptButtons::YesNo,
+       .Icon = platform::PromptIcon::Question,
+       .Default = platform::PromptAnswer::No});
+  return answer == platform::PromptAnswer::Yes;
+}
+
+bool Document::WriteTo(const std::string& path) {
+  rich_text::DecodedText text{m_control.Text(), m_encoding, m_hasMark};
+  std::optional<std::string> bytes = rich_text::EncodeText(text);
+  if (!bytes) {
+    if (!MayChangeEncoding(path)) return false;
+    text.Encoding = rich_text::TextEncoding::Utf8;
+    bytes = rich_text::EncodeText(text);
+  }
+  const std::string error = platform::WriteFile(path, *bytes);
+  if (!error.empty()) {
+    m_frame.Prompts().Show({.Text = "Could not save " + path + "\n\n" + error, .Icon = platform::PromptIcon::Critical});
+    return false;
+  }
+  m_encoding = text.Encoding;
+  return true;
+}
+
+void Document::SetSaved(bool saved) {
+  m_state.Saved = saved;
+  if (m_window.IsActive()) m_frame.EnableTool("save", !saved);
+  m_frame.UpdateWindowTabs();
+}
+
+bool Document::MayClose() {
+  if (m_state.Saved) return true;
+  m_window.BringToFront();
+  const auto answer = m_frame.Prompts().Show({.Text = "Save changes to " + m_window.Caption() + " before closing?",
+                                              .Buttons = platform::PromptButtons::YesNoCancel,
+                                              .Icon = platform::PromptIcon::Question,
+                                              .Default = platform::PromptAnswer::Cancel});
+  if (answer == platform::PromptAnswer::Yes) return SaveFile(m_state.CurFileName);
+  return answer == platform::PromptAnswer::No;
+}
+
+// The template.
+
+bool Document::ChooseTemplateFile(std::string& fileName) {
+  if (!platform::FileExists(fileName)) fileName.clear();
+  if (fileName.empty()) fileName = m_frame.AskTemplate();
+  m_state.Template.TemplateFile = fileName.empty() ? templates::NoTemplate : fileName;
+  return !fileName.empty();
+}
+
+void Document::OfferAssociation(const std::string& fileName) {
+  if (m_state.CurFileName.empty()) return;
+  const std::string extension(ExtensionOf(m_state.CurFileName));
+  if (!m_frame.GetTemplateOf(extension).empty()) return;
+  const auto answer =
+      m_frame.Prompts().Show({.Text = "Would you like to use this template for all ." + extension + " files?",
+                              .Buttons = platform::PromptButtons::YesNo,
+                              .Icon = platform::PromptIcon::Question,
+                              .Default = platform::PromptAnswer::Yes});
+  if (answer != platform::PromptAnswer::Yes) return;
+  m_frame.AddAssociation({"", extension, fileName});
+  m_state.Template.TemplateChosen = false;
+}
+
+bool Document::LoadFrom(const std::string& fileName, bool noInitialText, std::string& initialText) {
+  templates::LoadOptions options;
+  options.OverrideTemplateFonts = m_frame.Settings().OverrideTemplateFonts;
+  options.NoInitialText = noInitialText;
+  options.NameRead = [this] { ShowTemplateName(); };
+  templates::PromptMessages messages(m_frame.Prompts());
+  templates::LoadResult loaded = templates::LoadTemplate(fileName, m_state.Template, options, messages);
+  m_colouring.TemplateChanged();
+  if (loaded.Cancelled) return false;
+  if (!loaded.Error.empty())
+    m_frame.Prompts().Show({.Text = "Could not read " + fileName + "\n\n" + loaded.Error,
+                            .Title = "Error Loading Template",
+                            .Icon = platform::PromptIcon::Exclamation});
+  initialText = std::move(loaded.InitialText);
+  return true;
+}
+
+void Document::SetTemplate(const std::string& fileName, bool noInitialText) {
+  if (fileName == templates::NoTemplate) {
+    m_state.Template.ColourTable = "}";
+    return;
+  }
+  std::string chosen = fileName;
+  if (!ChooseTemplateFile(chosen)) {
+    m_state.Template.TName.clear();
+    ShowTemplateName();
+    ColourScan();
+    templates::EmptyTemplate(m_state.Template);
+    m_colouring.TemplateChanged();
+    return;
+  }
+  OfferAssociation(chosen);
+  std::string initialText;
+  if (!LoadFrom(chosen, noInitialText, initialText)) return m_window.CloseWindow();
+  m_state.Template.ColourTable = BuildColourTable(m_state.Template.Colours);
+  if (m_control.Length() == 0 && !initialText.empty()) {
+    const ProgramChange change(m_state);
+    m_control.SetText(initialText);
+    m_state.LineCount = m_control.LineCount();
+  }
+  ColourScan();
+  EnableButtons();
+  UpdateFont();
+  UpdateStatus();
+}
+
+// The window.
+
+void Document::SetUseFont(std::int16_t useFont) {
+  m_state.Template.UseFont = useFont;
+  UpdateFont();
+  EnableButtons();
+}
+
+void Document::UpdateFont() {
+  m_view.SaveView();
+  {
+    const ProgramChange change(m_state);
+    m_control.SetFont(m_frame.Settings().FontOf(m_state.Template.UseFont));
+  }
+  m_view.RestoreView();
+}
+
+void Document::WordWrap(bool on) {
+  m_control.SetWordWrap(on);
+  m_state.WordWrapOn = on;
+}
+
+void Document::EnableButtons() {
+  if (!m_window.IsActive()) return;
+  for (const std::string_view tool : DocumentTools()) m_frame.EnableTool(tool, true);
+  m_frame.CheckTool("miWordWrap", m_state.WordWrapOn);
+  m_frame.EnableTool("save", !m_state.Saved);
+  m_frame.EnableTool("GenPrev", m_state.Template.TName == "JavaScript");
+  m_frame.EnableTool("SaveExec", !m_state.Template.ExecuteCommand.empty());
+  m_frame.CheckTool("fntProportional", m_state.Template.UseFont == 1);
+  m_frame.CheckTool("fntFixedWidth", m_state.Template.UseFont == 2);
+  m_frame.CheckTool("fntDOS", m_state.Template.UseFont == 3);
+}
+
+void Document::Activated() {
+  EnableButtons();
+  if (!m_state.Colouring) m_frame.Status().SetStyle(platform::StatusStyle::Normal);
+  UpdateStatus();
+  m_frame.UpdateWindowTabs();
+}
+
+void Document::ShowTemplateName() {
+  if (m_window.IsActive()) m_frame.Status().SetPanelText("Template", TemplateText(m_state.Template.TName));
+}
+
+void Document::ShowSize() {
+  m_frame.Status().SetPanelText("DocSize", SizeText(m_state.LineCount));
+}
+
+void Document::UpdateStatus() {
+  if (!m_window.IsActive()) return;
+  const std::size_t start = m_control.SelStart(), length = m_control.SelLength();
+  if (length > 0) {
+    const std::size_t lines = m_control.LineOf(start + length) - m_control.LineOf(start) + 1;
+    m_frame.Status().SetPanelText("CoOrds", SelectionText(lines));
+  } else {
+    m_frame.Status().SetPanelText("CoOrds", CaretText(m_control.LineOf(start), m_control.ColumnOf(start)));
+  }
+  ShowSize();
+  ShowTemplateName();
+}
+
+// The control's events.
+
+bool Document::CancelColouring() {
+  const bool wasColouring = m_state.Colouring;
+  m_state.Colouring = false;
+  return wasColouring;
+}
+
+bool Document::KeyDown(int keyCode, int shift) {
+  return keyCode == EscapeKey && shift == platform::Shift::None && CancelColouring();
+}
+
+void Document::Change(const platform::TextChange&) {
+  if (m_state.DontChange) return;
+  if (m_state.Saved) SetSaved(false);
+  m_state.LineCount = m_control.LineCount();
+  UpdateStatus();
+}
+
+void Document::FilesDropped(const std::vector<std::string>& paths) {
+  for (const std::string& path : paths)
+    if (platform::FileExists(path)) m_frame.OpenFile(path);
+}
+
+}  // namespace editor

@@ -1,0 +1,96 @@
+#pragma once
+// One open file: its text in a control, its template, and what the user does with them, decided without a widget. The
+// window around it holds the control and forwards.
+//
+// Paths are UTF-8. Control, frame and window outlive the document, which is the control's only listener.
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "editor/Colouring.h"
+#include "editor/DocumentFrame.h"
+#include "editor/DocumentState.h"
+#include "editor/ViewKeeper.h"
+#include "platform/TextControl.h"
+#include "rich_text/Encoding.h"
+
+namespace editor {
+
+class Document : public platform::TextControlEvents {
+ public:
+  Document(platform::TextControl& control, DocumentFrame& frame, DocumentWindow& window);
+  ~Document() override;
+  Document(const Document&) = delete;
+  Document& operator=(const Document&) = delete;
+
+  const DocumentState& State() const { return m_state; }
+
+  void UpdateFont();
+  void ColourScan() { m_colouring.ColourScan(); }
+  void ColourLines(std::size_t first, std::size_t last) { m_colouring.ColourLines(first, last); }
+  void WordWrap(bool on);
+
+  /// Reads the file into the window and colours it. A file that cannot be read is told, and the document stays without
+  /// a name.
+  void OpenFile(const std::string& path);
+
+  /// Writes the text; "" asks for a name. False when nothing was written: the user cancelled, or was told why not.
+  bool SaveFile(const std::string& path);
+
+  /// Takes a template into use: a path, "" to ask the user, templates::NoTemplate for none. Unless `noInitialText`, the
+  /// template's initial text goes into an empty document.
+  void SetTemplate(const std::string& fileName, bool noInitialText = false);
+  void SetTemplateChosen(bool chosen) { m_state.Template.TemplateChosen = chosen; }
+  void SetUseFont(std::int16_t useFont);
+
+  /// The prompts of closing; false when the user wants the window to stay.
+  bool MayClose();
+
+  /// Whether a colouring run is under way: the window may not go until it has ended.
+  bool Busy() const { return m_colouring.Running(); }
+
+  /// Stops a colouring run. True when one was under way.
+  bool CancelColouring();
+
+  /// Enables and checks the frame's tools as this document needs them.
+  void EnableButtons();
+  /// Everything that the window's becoming active shows.
+  void Activated();
+  /// Shows caret or selection, size and template in the status bar.
+  void UpdateStatus();
+
+  bool KeyDown(int keyCode, int shift) override;
+  bool KeyPress(char32_t) override { return false; }
+  void KeyUp(int, int) override { UpdateStatus(); }
+  void Change(const platform::TextChange& change) override;
+  void SelChange() override { UpdateStatus(); }
+  bool MouseDown(int, int, int, int) override { return false; }
+  void MouseUp(int, int, int, int) override { UpdateStatus(); }
+  void FilesDropped(const std::vector<std::string>& paths) override;
+
+ private:
+  bool ChooseTemplateFile(std::string& fileName);
+  void OfferAssociation(const std::string& fileName);
+  bool LoadFrom(const std::string& fileName, bool noInitialText, std::string& initialText);
+  void ShowTemplateName();
+  void ShowSize();
+  void SetSaved(bool saved);
+  bool AskForName(std::string& path);
+  bool WriteTo(const std::string& path);
+  bool MayChangeEncoding(const std::string& path);
+
+  platform::TextControl& m_control;
+  DocumentFrame& m_frame;
+  DocumentWindow& m_window;
+  DocumentState m_state;
+  Colouring m_colouring;
+  ViewKeeper m_view;
+  rich_text::TextEncoding m_encoding = rich_text::TextEncoding::Utf8;
+  bool m_hasMark = false;
+};
+
+/// The tools that concern a document; disabled when the last one closes.
+const std::vector<std::string_view>& DocumentTools();
+
+}  // namespace editor

@@ -1,0 +1,57 @@
+#pragma once
+// What a document asks of the frame around it and of the window that holds it.
+
+#include <string>
+#include <string_view>
+
+#include "platform/EventLoop.h"
+#include "platform/Prompts.h"
+#include "platform/StatusPanels.h"
+#include "settings/Settings.h"
+#include "templates/Model.h"
+
+namespace editor {
+
+/// The frame around all documents.
+class DocumentFrame {
+ public:
+  virtual ~DocumentFrame() = default;
+
+  virtual platform::StatusPanels& Status() = 0;
+  virtual platform::Prompts& Prompts() = 0;
+  virtual platform::EventLoop& Loop() = 0;
+  virtual const settings::Settings& Settings() const = 0;
+
+  /// The frame's file choosers: a title, a type's name and extension ("js", or several as in "htm;html"). "" when
+  /// cancelled.
+  virtual std::string GetOpenFile(std::string_view title, std::string_view extName, std::string_view ext) = 0;
+  virtual std::string GetSaveFile(std::string_view title, std::string_view extName, std::string_view ext) = 0;
+  /// The template file chosen by the user, looked for in the program folder; "" when cancelled.
+  virtual std::string AskTemplate() = 0;
+  /// The template file for an extension, "" for none.
+  virtual std::string GetTemplateOf(std::string_view extension) const = 0;
+  /// Makes the template the one of all files with the record's extension.
+  virtual void AddAssociation(const templates::Template& association) = 0;
+  /// Opens an existing file in a window of its own.
+  virtual void OpenFile(const std::string& path) = 0;
+
+  virtual void EnableTool(std::string_view name, bool enabled) = 0;
+  virtual void CheckTool(std::string_view name, bool checked) = 0;
+  virtual void UpdateWindowTabs() = 0;
+};
+
+/// The window that shows one document.
+class DocumentWindow {
+ public:
+  virtual ~DocumentWindow() = default;
+
+  /// Whether this window is the active one, so that the status bar and the tools are its document's.
+  virtual bool IsActive() const = 0;
+  virtual std::string Caption() const = 0;
+  virtual void SetCaption(std::string_view caption) = 0;
+  virtual void BringToFront() = 0;
+  /// Closes the window without questions, as soon as nothing of the document runs any more.
+  virtual void CloseWindow() = 0;
+};
+
+}  // namespace editor

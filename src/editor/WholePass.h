@@ -1,0 +1,42 @@
+#pragma once
+// The whole-document pass over one text. Private to the colouring passes.
+
+#include <functional>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "editor/ColourPass.h"
+#include "editor/PassTables.h"
+
+namespace editor {
+
+class WholePass {
+ public:
+  WholePass(const PassTables& tables, std::string_view text, const ColourPass::Progress& progress)
+      : m_tables(tables), m_text(text), m_progress(progress) {}
+
+  std::vector<PassRun> Run();
+
+ private:
+  struct Found {
+    std::uint32_t Word = TokenTable::NoWord;
+    std::size_t Start = 0, End = 0;
+  };
+
+  /// The first counting occurrence at or after a place; none at the end of the text and when the pass was stopped.
+  std::optional<Found> FindNext(UnitPosition from);
+  /// The occurrence at the token that starts at `start`; sets `tokenEnd`.
+  Found AtToken(std::size_t start, bool behindDelimeter, std::size_t& tokenEnd) const;
+  void AtTrie(std::size_t start, bool behindDelimeter, Found& best) const;
+  bool IsDelimeterAt(std::size_t offset, ByteKind kind) const;
+  std::size_t TokenEnd(std::size_t start, bool& ascii) const;
+  bool GoesOn(std::size_t done);
+
+  const PassTables& m_tables;
+  std::string_view m_text;
+  const ColourPass::Progress& m_progress;
+  std::size_t m_nextReport = 0;
+};
+
+}  // namespace editor

@@ -1,0 +1,134 @@
+#include "editor/rtfscan/Scanners.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace editor::rtfscan {
+namespace {
+
+enum class Kind { Character, LineEnd, Switch, Plain, OtherCode };
+
+/// One piece of a body: [start, End) in bytes.
+struct Token {
+  Kind What = Kind::Character;
+  std::size_t End = 0;
+};
+
+bool IsLetter(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+bool IsNumberPart(char c) {
+  return c == '-' || (c >= '0' && c <= '9');
+}
+
+/// The end of a control word that starts at `at`, its number and its closing space included.
+std::size_t WordEnd(std::string_view rtf, std::size_t at, std::string_view& word) {
+  std::size_t i = at + 1;
+  while (i < rtf.size() && IsLetter(rtf[i])) ++i;
+  word = rtf.substr(at + 1, i - at - 1);
+  while (i < rtf.size() && IsNumberPart(rtf[i])) ++i;
+  if (i < rtf.size() && rtf[i] == ' ') ++i;
+  return i;
+}
+
+Token WordToken(std::string_view rtf, std::size_t at) {
+  std::string_view word;
+  const std::size_t end = WordEnd(rtf, at, word);
+  if (word == "par") return {Kind::LineEnd, end};
+  if (word == "cf") return {Kind::Switch, end};
+  if (word == "plain") {
+    const std::size_t space = rtf.find(' ', at);
+    return {Kind::Plain, space == std::string_view::npos ? rtf.size() : space + 1};
+  }
+  if (word == "tab") return {Kind::Character, end};
+  if (word == "u") return {Kind::Character, std::min(end + 1, rtf.size())};  // with its one fallback character
+  return {Kind::OtherCode, end};
+}
+
+Token TokenAt(std::string_view rtf, std::size_t at) {
+  const char c = rtf[at];
+  if (c == '\r' || c == '\n' || c == '{' || c == '}') return {Kind::OtherCode, at + 1};
+  if (c != '\\') return {Kind::Character, at + 1};
+  if (at + 1 >= rtf.size()) return {Kind::OtherCode, rtf.size()};
+  if (IsLetter(rtf[at + 1])) return WordToken(rtf, at);
+  if (rtf[at + 1] == '\'') return {Kind::Character, std::min(at + 4, rtf.size())};
+  return {Kind::Character, at + 2};
+}
+
+/// Where the body of a whole RTF begins: behind the first space after "\deflang".
+std::size_t BodyStart(std::string_view rtf) {
+  const std::size_t language = rtf.find("\\deflang");
+  if (language == std::string_view::npos) return 0;
+  const std::size_t space = rtf.find(' ', language);
+  return space == std::string_view::npos ? rtf.size() : space + 1;
+}
+
+}  // namespace
+
+std::size_t ClearLn(std::span<char> piece) {
+  const std::string_view rtf(piece.data(), piece.size());
+  std::size_t kept = 0;
+  for (std::size_t at = 0; at < rtf.size();) {
+    const Token token = TokenAt(rtf, at);
+    if (token.What != Kind::Switch && token.What != Kind::Plain) {
+      std::memmove(piece.data() + kept, piece.data() + at, token.End - at);
+      kept += token.End - at;
+    }
+    at = token.End;
+  }
+  return kept;
+}
+
+std::size_t GoToLine(std::string_view body, std::size_t n) {
+  std::size_t at = 0;
+  while (n > 0 && at < body.size()) {
+    const Token token = TokenAt(body, at);
+    if (token.What == Kind::LineEnd) --n;
+    at = token.End;
+  }
+  return at + 1;
+}
+
+std::size_t WhiteSpace(std::string_view rtf, std::size_t line) {
+  const std::string_view body = rtf.substr(BodyStart(rtf));
+  std::size_t at = line < 1 ? body.size() : GoToLine(body, line - 1) - 1;
+  std::size_t spaces = 0;
+  while (at < body.size()) {
+    const Token token = TokenAt(body, at);
+    if (token.What == Kind::Character && body[at] != ' ') break;
+    if (token.What == Kind::LineEnd) break;
+    if (token.What == Kind::Character) ++spaces;
+    at = token.End;
+  }
+  return spaces;
+}
+
+std::size_t NumberOfLinesIn(std::string_view rtf) {
+  std::size_t lines = 1;
+  for (std::size_t at = BodyStart(rtf); at < rtf.size();) {
+    const Token token = TokenAt(rtf, at);
+    if (token.What == Kind::LineEnd) ++lines;
+    at = token.End;
+  }
+  return lines;
+}
+
+std::size_t RTFPosition(std::string_view rtf, std::size_t offset, std::size_t& cachePos, std::size_t& cacheOffset) {
+  if (cachePos == 0) cachePos = BodyStart(rtf) + 1, cacheOffset = 0;
+  std::size_t at = cachePos - 1, plain = cacheOffset, characterAt = at;
+  while (at < rtf.size()) {
+    const Token token = TokenAt(rtf, at);
+    if (token.What == Kind::Character || token.What == Kind::LineEnd) {
+      characterAt = at;
+      const std::size_t length = token.What == Kind::LineEnd ? 2 : 1;
+      if (plain + length > offset) return characterAt + 1;
+      plain += length;
+      characterAt = token.End;
+    }
+    at = token.End;
+    if (token.What == Kind::LineEnd) cachePos = at + 1, cacheOffset = plain;
+  }
+  return characterAt + 1;
+}
+
+}  // namespace editor::rtfscan

@@ -1,0 +1,73 @@
+#include "editor/ui/Mainwin.h"
+
+#include <QCloseEvent>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QTimer>
+#include <QVBoxLayout>
+
+namespace editor::ui {
+
+Mainwin::Mainwin(DocumentFrame& frame) : m_textArea(new platform::qt::RichTextBox(this)) {
+  setObjectName(QStringLiteral("Mainwin"));
+  setAttribute(Qt::WA_DeleteOnClose);
+  setWindowTitle(QStringLiteral("Untitled"));
+  m_textArea->setObjectName(QStringLiteral("TextArea"));
+  m_textArea->setAccessibleName(tr("Text"));
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(m_textArea);
+  setFocusProxy(m_textArea);
+  m_document = std::make_unique<Document>(*m_textArea, frame, *this);
+}
+
+Mainwin::~Mainwin() = default;
+
+void Mainwin::Activated() {
+  m_document->Activated();
+  m_textArea->setFocus();
+}
+
+std::string Mainwin::Caption() const {
+  return windowTitle().toStdString();
+}
+
+void Mainwin::SetCaption(std::string_view caption) {
+  setWindowTitle(QString::fromUtf8(caption.data(), static_cast<qsizetype>(caption.size())));
+}
+
+QMdiSubWindow* Mainwin::SubWindow() const {
+  return qobject_cast<QMdiSubWindow*>(parentWidget());
+}
+
+bool Mainwin::IsActive() const {
+  const QMdiSubWindow* window = SubWindow();
+  return window && window->mdiArea() && window->mdiArea()->currentSubWindow() == window;
+}
+
+void Mainwin::BringToFront() {
+  if (QMdiSubWindow* window = SubWindow()) window->mdiArea()->setActiveSubWindow(window);
+}
+
+void Mainwin::CloseWindow() {
+  m_closed = true;
+  if (QMdiSubWindow* window = SubWindow()) QTimer::singleShot(0, window, &QMdiSubWindow::close);
+}
+
+void Mainwin::closeEvent(QCloseEvent* event) {
+  if (m_document->Busy()) {
+    // The run is somewhere below in the stack; it ends at once, and then the window can go.
+    m_document->CancelColouring();
+    event->ignore();
+    if (QMdiSubWindow* window = SubWindow()) QTimer::singleShot(0, window, &QMdiSubWindow::close);
+    return;
+  }
+  m_closed = m_closed || m_document->MayClose();
+  event->setAccepted(m_closed);
+}
+
+void Mainwin::focusInEvent(QFocusEvent*) {
+  m_textArea->setFocus();
+}
+
+}  // namespace editor::ui

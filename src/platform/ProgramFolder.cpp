@@ -1,0 +1,88 @@
+#include "platform/ProgramFolder.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <utility>
+
+#include "rich_text/Encoding.h"
+
+namespace platform {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string Environment(const char* name) {
+  const char* value = std::getenv(name);
+  return value ? value : "";
+}
+
+bool HasTemplates(const std::string& folder) {
+  return !ListFiles(folder, ".def").empty();
+}
+
+bool CanBeWritten(const std::string& folder) {
+  return ::access(folder.c_str(), W_OK | X_OK) == 0;
+}
+
+/// Copies the installed files that the user's folder lacks. A file that cannot be copied is left out: the program works
+/// with the templates that there are.
+void Fill(const std::string& folder, const std::string& installed) {
+  std::error_code error;
+  fs::create_directories(folder, error);
+  for (const char* ending : {".def", ".hdf"})
+    for (const std::string& file : ListFiles(installed, ending))
+      fs::copy_file(file, fs::path(folder) / fs::path(file).filename(), fs::copy_options::skip_existing, error);
+}
+
+}  // namespace
+
+ProgramPlaces ProgramPlaces::FromProcess() {
+  ProgramPlaces places;
+  std::error_code error;
+  places.Executable = fs::read_symlink("/proc/self/exe", error).string();
+  places.Override = Environment("QUILLMARK_HOME");
+  places.DataHome = Environment("XDG_DATA_HOME");
+  if (places.DataHome.empty() || places.DataHome[0] != '/') places.DataHome = Environment("HOME") + "/.local/share";
+  return places;
+}
+
+std::string InstalledFolder(const ProgramPlaces& places) {
+  const fs::path folder = fs::path(places.Executable).parent_path();
+  for (const char* place : {"../share/quillmark", "../../data/templates", "../../../data/templates"}) {
+    const std::string candidate = (folder / place).lexically_normal().string();
+    if (HasTemplates(candidate)) return candidate;
+  }
+  return "";
+}
+
+std::string FindProgramFolder(const ProgramPlaces& places, bool fill) {
+  if (!places.Override.empty()) return places.Override;
+  const std::string portable = fs::path(places.Executable).parent_path().string();
+  if (HasTemplates(portable) && CanBeWritten(portable)) return portable;
+  const std::string own = places.DataHome + "/quillmark";
+  const std::string installed = InstalledFolder(places);
+  if (fill) Fill(own, installed);
+  return HasTemplates(own) || fill || installed.empty() ? own : installed;
+}
+
+std::vector<std::string> ListFiles(const std::string& folder, const std::string& ending) {
+  std::vector<std::pair<std::string, std::string>> found;  // folded name, path
+  std::error_code error;
+  for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+    const std::string name = entry->path().filename().string();
+    const std::string folded = rich_text::IsValidUtf8(name) ? rich_text::LowerCase(name) : name;
+    std::error_code unreadable;
+    if (folded.ends_with(ending) && !entry->is_directory(unreadable))
+      found.emplace_back(folded, entry->path().string());
+  }
+  std::sort(found.begin(), found.end());
+  std::vector<std::string> paths;
+  paths.reserve(found.size());
+  for (auto& [folded, path] : found) paths.push_back(std::move(path));
+  return paths;
+}
+
+}  // namespace platform

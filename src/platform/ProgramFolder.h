@@ -1,0 +1,35 @@
+#pragma once
+// Where the program's own files live: templates, help definition files, FileInfo.ini and the rest.
+//
+// In this order: $QUILLMARK_HOME; the executable's folder when it holds templates and can be written (a portable copy);
+// the user's data folder ($XDG_DATA_HOME/quillmark), filled from the installed files at first start and never
+// overwritten where the user changed a file.
+
+#include <string>
+#include <vector>
+
+namespace platform {
+
+/// What the choice depends on; FromProcess reads it from the running process.
+struct ProgramPlaces {
+  std::string Executable;  ///< absolute path of the running program
+  std::string Override;    ///< $QUILLMARK_HOME
+  std::string DataHome;    ///< $XDG_DATA_HOME, or ~/.local/share
+
+  static ProgramPlaces FromProcess();
+};
+
+/// The program folder, without a final separator. With `fill` the user's data folder is made and the installed files
+/// are copied into it where it lacks them; without it nothing on disk changes, and when the data folder does not exist
+/// the folder of the installed files is the answer.
+std::string FindProgramFolder(const ProgramPlaces& places, bool fill);
+
+/// The folder with the files as installed ("../share/quillmark" from the executable, or the source tree's
+/// data/templates beside a build), "" when there is none.
+std::string InstalledFolder(const ProgramPlaces& places);
+
+/// The files of a folder whose names end with `ending` (compared without regard to case), full paths, sorted by name
+/// without regard to case.
+std::vector<std::string> ListFiles(const std::string& folder, const std::string& ending);
+
+}  // namespace platform

@@ -1,0 +1,113 @@
+#include "platform/qt/QtPrompts.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QMessageBox>
+
+namespace platform::qt {
+namespace {
+
+QMessageBox::StandardButtons ButtonsOf(PromptButtons buttons) {
+  switch (buttons) {
+    case PromptButtons::OkCancel:
+      return QMessageBox::Ok | QMessageBox::Cancel;
+    case PromptButtons::YesNo:
+      return QMessageBox::Yes | QMessageBox::No;
+    case PromptButtons::YesNoCancel:
+      return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    default:
+      return QMessageBox::Ok;
+  }
+}
+
+QMessageBox::Icon IconOf(PromptIcon icon) {
+  switch (icon) {
+    case PromptIcon::Critical:
+      return QMessageBox::Critical;
+    case PromptIcon::Question:
+      return QMessageBox::Question;
+    case PromptIcon::Exclamation:
+      return QMessageBox::Warning;
+    case PromptIcon::Information:
+      return QMessageBox::Information;
+    default:
+      return QMessageBox::NoIcon;
+  }
+}
+
+QMessageBox::StandardButton ButtonOf(PromptAnswer answer) {
+  return answer == PromptAnswer::Ok       ? QMessageBox::Ok
+         : answer == PromptAnswer::Cancel ? QMessageBox::Cancel
+         : answer == PromptAnswer::Yes    ? QMessageBox::Yes
+                                          : QMessageBox::No;
+}
+
+/// What closing the box without a button means.
+PromptAnswer AnswerOfClosing(PromptButtons buttons) {
+  return buttons == PromptButtons::Ok      ? PromptAnswer::Ok
+         : buttons == PromptButtons::YesNo ? PromptAnswer::No
+                                           : PromptAnswer::Cancel;
+}
+
+QString FilterText(const FileFilter& filter) {
+  QStringList patterns;
+  for (const std::string& pattern : filter.Patterns)
+    patterns += pattern == "*.*" ? QStringLiteral("*") : QString::fromStdString(pattern);
+  return QString::fromStdString(filter.Description) + QStringLiteral(" (") + patterns.join(QLatin1Char(' ')) +
+         QLatin1Char(')');
+}
+
+/// The extension that a name without one gets; "" where the filter names none.
+QString SuffixOf(const FileFilter& filter) {
+  const QString pattern = filter.Patterns.empty() ? QString() : QString::fromStdString(filter.Patterns.front());
+  const QString suffix = pattern.startsWith(QLatin1String("*.")) ? pattern.mid(2) : QString();
+  return suffix.contains(QLatin1Char('*')) || suffix.contains(QLatin1Char('?')) ? QString() : suffix;
+}
+
+}  // namespace
+
+PromptAnswer QtPrompts::Show(const MessageBox& box) {
+  QMessageBox dialog(QApplication::activeWindow());
+  dialog.setTextFormat(Qt::PlainText);  // file names may look like markup
+  dialog.setText(QString::fromStdString(box.Text));
+  dialog.setWindowTitle(QString::fromStdString(box.Title));
+  dialog.setIcon(IconOf(box.Icon));
+  dialog.setStandardButtons(ButtonsOf(box.Buttons));
+  dialog.setDefaultButton(ButtonOf(box.Default));
+  const PromptAnswer closing = AnswerOfClosing(box.Buttons);
+  dialog.setEscapeButton(ButtonOf(closing));
+  const int button = dialog.exec();
+  for (const PromptAnswer answer : {PromptAnswer::Ok, PromptAnswer::Cancel, PromptAnswer::Yes, PromptAnswer::No})
+    if (button == ButtonOf(answer)) return answer;
+  return closing;
+}
+
+std::string QtPrompts::AskOpenFile(const FileQuestion& question) {
+  return Ask(question, false);
+}
+
+std::string QtPrompts::AskSaveFile(const FileQuestion& question) {
+  return Ask(question, true);
+}
+
+std::string QtPrompts::Ask(const FileQuestion& question, bool forSaving) {
+  QFileDialog dialog(QApplication::activeWindow(), QString::fromStdString(question.Title),
+                     question.Folder.empty() ? m_lastFolder : QString::fromStdString(question.Folder));
+  dialog.setAcceptMode(forSaving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+  dialog.setFileMode(forSaving ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+  QStringList filters;
+  for (const FileFilter& filter : question.Filters) filters += FilterText(filter);
+  if (!filters.isEmpty()) dialog.setNameFilters(filters);
+  const auto useSuffix = [&](const QString& selected) {
+    const auto place = filters.indexOf(selected);
+    if (forSaving && place >= 0) dialog.setDefaultSuffix(SuffixOf(question.Filters[static_cast<std::size_t>(place)]));
+  };
+  if (!filters.isEmpty()) useSuffix(filters.first());
+  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, useSuffix);
+  if (!question.SuggestedName.empty()) dialog.selectFile(QString::fromStdString(question.SuggestedName));
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return "";
+  m_lastFolder = dialog.directory().absolutePath();
+  return dialog.selectedFiles().constFirst().toStdString();
+}
+
+}  // namespace platform::qt

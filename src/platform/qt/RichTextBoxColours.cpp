@@ -1,0 +1,114 @@
+// How the text control keeps its colours: as style bytes of the editing component.
+
+#include <algorithm>
+#include <cstring>
+
+#include "platform/qt/RichTextBox.h"
+
+namespace platform::qt {
+namespace {
+
+using rich_text::ColourRun;
+using rich_text::ColourValue;
+
+constexpr std::size_t ReadChunk = 64 * 1024, WriteChunk = 1024 * 1024;
+
+}  // namespace
+
+rich_text::StyledText RichTextBox::Styled(std::size_t start, std::size_t end) const {
+  rich_text::StyledText styled;
+  AppendRange(styled.Text, start, end);
+  if (!m_coloured) return styled;
+  styled.Colours = m_styles.Colours();
+  AppendRuns(styled.Runs, start, end);
+  return styled;
+}
+
+/// Appends the coloured stretches of [start, end), their offsets counted from `start`.
+void RichTextBox::AppendRuns(std::vector<ColourRun>& runs, std::size_t start, std::size_t end) const {
+  std::string cells(2 * std::min(end - start, ReadChunk) + 2, '\0');
+  std::uint8_t current = 0;
+  std::size_t runStart = 0;
+  const auto close = [&](std::size_t at) {
+    if (current != 0) runs.push_back({runStart, at, ColourStyles::PlaceOf(current)});
+  };
+  for (std::size_t from = start; from < end; from += ReadChunk) {
+    const std::size_t to = std::min(end, from + ReadChunk);
+    SendScintilla(SCI_GETSTYLEDTEXT, static_cast<long>(from), static_cast<long>(to), cells.data());
+    for (std::size_t i = 0; i < to - from; ++i) {
+      const auto style = static_cast<std::uint8_t>(cells[2 * i + 1]);
+      if (style == current) continue;
+      close(from - start + i);
+      current = style;
+      runStart = from - start + i;
+    }
+  }
+  close(end - start);
+}
+
+/// The style number of each colour that a run uses, 0 for the others; new ones get their colour on the screen.
+std::vector<std::uint8_t> RichTextBox::StylesFor(const std::vector<ColourValue>& colours,
+                                                 const std::vector<ColourRun>& runs, bool wholeText) {
+  std::vector<bool> isUsed(colours.size(), false);
+  for (const ColourRun& run : runs) isUsed[run.Colour - 1] = true;
+  std::vector<ColourValue> used;
+  for (std::size_t i = 0; i < colours.size(); ++i)
+    if (isUsed[i]) used.push_back(colours[i]);
+  if (wholeText && !m_styles.HasRoomFor(used)) m_styles.Clear();
+  const std::size_t known = m_styles.Colours().size();
+  std::vector<std::uint8_t> styles(colours.size(), 0);
+  for (std::size_t i = 0; i < colours.size(); ++i)
+    if (isUsed[i]) styles[i] = m_styles.StyleOf(colours[i]);
+  ShowStyleColours(known + 1);
+  return styles;
+}
+
+void RichTextBox::SetColours(const std::vector<ColourValue>& colours, const std::vector<ColourRun>& runs) {
+  if (!m_coloured && runs.empty()) return;
+  PaintRuns(0, Length(), runs, StylesFor(colours, runs, true));
+  m_coloured = !runs.empty();
+}
+
+void RichTextBox::PaintRuns(std::size_t start, std::size_t end, const std::vector<ColourRun>& runs,
+                            const std::vector<std::uint8_t>& styles) {
+  std::string bytes;
+  auto run = runs.begin();
+  for (std::size_t from = start; from < end; from += WriteChunk) {
+    const std::size_t to = std::min(end, from + WriteChunk);
+    bytes.assign(to - from, '\0');
+    bool any = m_coloured;
+    for (; run != runs.end() && run->Start < to; ++run) {
+      any = true;
+      const std::size_t runEnd = std::min(run->End, to), runStart = std::max(run->Start, from);
+      std::memset(bytes.data() + (runStart - from), styles[run->Colour - 1], runEnd - runStart);
+      if (run->End > to) break;
+    }
+    if (!any) continue;
+    Send(SCI_STARTSTYLING, from);
+    SendScintilla(SCI_SETSTYLINGEX, to - from, bytes.data());
+  }
+  Send(SCI_STARTSTYLING, Length());
+  m_coloured = m_coloured || !runs.empty();
+}
+
+RichTextBox::ColouredStretch RichTextBox::StretchAt(std::size_t offset) const {
+  const std::size_t at = Clamp(offset);
+  const std::size_t lineStart = LineStart(LineOf(at)), lineEnd = LineStart(LineOf(at) + 1);
+  ColouredStretch stretch{std::nullopt, lineStart, lineEnd};
+  if (!m_coloured) return stretch;
+  std::vector<ColourRun> runs;
+  AppendRuns(runs, lineStart, lineEnd);
+  for (const ColourRun& run : runs) {
+    if (lineStart + run.End <= at) {
+      stretch.Start = lineStart + run.End;
+    } else if (lineStart + run.Start > at) {
+      stretch.End = lineStart + run.Start;
+      break;
+    } else {
+      return {m_styles.Colours()[run.Colour - 1], lineStart + run.Start, lineStart + run.End};
+    }
+  }
+  return stretch;
+}
+
+}  // namespace platform::qt

@@ -1,0 +1,22 @@
+#pragma once
+// The type lists of the file choosers.
+
+#include <string_view>
+#include <vector>
+
+#include "platform/Prompts.h"
+#include "templates/Model.h"
+
+namespace shell {
+
+/// The patterns of an extension list: "htm;html" gives "*.htm" and "*.html".
+std::vector<std::string> PatternsOf(std::string_view extensions);
+
+/// One type and all files.
+std::vector<platform::FileFilter> FiltersFor(std::string_view name, std::string_view extensions);
+
+/// Every template's files, then the associations' ones together, then all files.
+std::vector<platform::FileFilter> TemplateFilters(const std::vector<templates::Template>& list,
+                                                  const std::vector<templates::Template>& associations);
+
+}  // namespace shell

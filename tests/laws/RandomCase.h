@@ -1,0 +1,50 @@
+#pragma once
+// Random templates and texts for the colouring laws: small alphabets, so that words collide, overlap and end each other
+// often. A case that breaks a law is made small before it is shown.
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "Dice.h"
+#include "templates/Model.h"
+
+namespace laws {
+
+/// A template and a text, kept apart into characters so that single ones can be left out.
+struct RandomCase {
+  struct ColourWord {
+    std::u32string Start, End;
+    int EndPoint = 0, Colour = 1;
+    bool Include = true;
+  };
+  struct ActionWord {
+    std::u32string Name;
+    bool Captures = false;
+  };
+
+  bool CaseSensitive = false;
+  std::u32string Delimeters;
+  int Colours = 3;
+  std::vector<ColourWord> ColourWords;
+  std::vector<ActionWord> ActionWords;
+  std::u32string Text;
+  bool CloseAtLineEnd = false;  ///< for the line pass
+
+  templates::TemplateFields Fields() const;
+  std::string TextUtf8() const;
+  /// The template, a line an entry, and the text with its line ends made visible.
+  std::string Describe() const;
+};
+
+RandomCase MakeRandomCase(Dice& dice);
+
+/// Leaves out words, delimiters and characters as long as `breaks` still says true.
+RandomCase Shrink(RandomCase broken, const std::function<bool(const RandomCase&)>& breaks);
+
+std::string ToUtf8(const std::u32string& characters);
+std::u32string FromUtf8(std::string_view text);
+/// The text on one line: control characters as "\n", "\r", "\t" or "\x..".
+std::string Visible(std::string_view text);
+
+}  // namespace laws

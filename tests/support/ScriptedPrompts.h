@@ -1,0 +1,111 @@
+#pragma once
+// A user who follows a script: each question must be the next one expected, and gets its answer. A question that is not
+// expected, one that differs, and one that is never asked fail the test.
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <string>
+#include <variant>
+
+#include "platform/Prompts.h"
+
+namespace tests {
+
+class ScriptedPrompts : public platform::Prompts {
+ public:
+  ScriptedPrompts() = default;
+  ScriptedPrompts(const ScriptedPrompts&) = delete;
+  ScriptedPrompts& operator=(const ScriptedPrompts&) = delete;
+
+  ~ScriptedPrompts() override {
+    for (const Step& step : m_steps) ADD_FAILURE() << "never asked: " << Describe(step);
+  }
+
+  /// Expects the box next, and answers it. An unexpected Default counts as a difference too.
+  void Expect(platform::MessageBox box, platform::PromptAnswer answer = platform::PromptAnswer::Ok) {
+    m_steps.push_back(BoxStep{std::move(box), answer});
+  }
+
+  /// Expects a file chooser with this title next, and answers with a path, "" for Cancel.
+  void ExpectOpenFile(std::string title, std::string path) {
+    m_steps.push_back(FileStep{"open", std::move(title), std::move(path)});
+  }
+  void ExpectSaveFile(std::string title, std::string path) {
+    m_steps.push_back(FileStep{"save", std::move(title), std::move(path)});
+  }
+
+  std::size_t Unasked() const { return m_steps.size(); }
+
+  /// The file chooser last shown, for tests that look at its filters and folder.
+  const platform::FileQuestion& LastFileQuestion() const { return m_lastFileQuestion; }
+
+  platform::PromptAnswer Show(const platform::MessageBox& box) override {
+    const Step asked = BoxStep{box, {}};
+    const BoxStep* expected = Next<BoxStep>(asked);
+    if (expected == nullptr) return Closed(box.Buttons);
+    EXPECT_EQ(Describe(asked), Describe(*expected));
+    const platform::PromptAnswer answer = expected->Answer;
+    m_steps.pop_front();
+    return answer;
+  }
+
+  std::string AskOpenFile(const platform::FileQuestion& question) override { return AskFile("open", question); }
+  std::string AskSaveFile(const platform::FileQuestion& question) override { return AskFile("save", question); }
+
+ private:
+  struct BoxStep {
+    platform::MessageBox Box;
+    platform::PromptAnswer Answer;
+  };
+  struct FileStep {
+    std::string Kind, Title, Path;
+  };
+  using Step = std::variant<BoxStep, FileStep>;
+
+  static std::string Describe(const Step& step) {
+    if (const auto* file = std::get_if<FileStep>(&step)) return file->Kind + " chooser \"" + file->Title + '"';
+    const platform::MessageBox& box = std::get<BoxStep>(step).Box;
+    return "box \"" + box.Title + "\": " + box.Text + "\n(buttons " + std::to_string(static_cast<int>(box.Buttons)) +
+           ", icon " + std::to_string(static_cast<int>(box.Icon)) + ", default " +
+           std::to_string(static_cast<int>(box.Default)) + ')';
+  }
+
+  /// The step at the front if it is of the kind asked for; else null and the test has failed.
+  template <typename Kind>
+  const Kind* Next(const Step& asked) {
+    const Kind* expected = m_steps.empty() ? nullptr : std::get_if<Kind>(&m_steps.front());
+    if (expected == nullptr)
+      ADD_FAILURE() << "unexpected: " << Describe(asked)
+                    << "\nexpected: " << (m_steps.empty() ? std::string("nothing") : Describe(m_steps.front()));
+    return expected;
+  }
+
+  std::string AskFile(const std::string& kind, const platform::FileQuestion& question) {
+    m_lastFileQuestion = question;
+    const Step asked = FileStep{kind, question.Title, {}};
+    const FileStep* expected = Next<FileStep>(asked);
+    if (expected == nullptr) return {};
+    EXPECT_EQ(Describe(asked), Describe(*expected));
+    const std::string path = expected->Path;
+    m_steps.pop_front();
+    return path;
+  }
+
+  /// What closing a box without a button answers.
+  static platform::PromptAnswer Closed(platform::PromptButtons buttons) {
+    switch (buttons) {
+      case platform::PromptButtons::Ok:
+        return platform::PromptAnswer::Ok;
+      case platform::PromptButtons::YesNo:
+        return platform::PromptAnswer::No;
+      default:
+        return platform::PromptAnswer::Cancel;
+    }
+  }
+
+  std::deque<Step> m_steps;
+  platform::FileQuestion m_lastFileQuestion;
+};
+
+}  // namespace tests

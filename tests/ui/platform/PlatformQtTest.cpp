@@ -1,0 +1,101 @@
+// Message boxes, file choosers, fonts and the event loop of the real platform.
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include "platform/qt/FontChoice.h"
+#include "platform/qt/QtEventLoop.h"
+#include "platform/qt/QtPrompts.h"
+
+namespace tests {
+namespace {
+
+using namespace platform;
+using qt::QtPrompts;
+
+/// Does something with the dialog that the next question shows.
+template <typename Dialog, typename Action>
+void WithNextDialog(Action action) {
+  QTimer::singleShot(0, [action] {
+    auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    action(*dialog);
+  });
+}
+
+TEST(QtPrompts, ShowsTheBoxAsAskedAndGivesTheAnswer) {
+  QtPrompts prompts;
+  const MessageBox box{"Save changes to \"<b>x</b>\" before closing?", "Title", PromptButtons::YesNoCancel,
+                       PromptIcon::Question, PromptAnswer::Cancel};
+  WithNextDialog<QMessageBox>([&](QMessageBox& shown) {
+    EXPECT_EQ(shown.text().toStdString(), box.Text);
+    EXPECT_EQ(shown.textFormat(), Qt::PlainText);
+    EXPECT_EQ(shown.windowTitle(), QStringLiteral("Title"));
+    EXPECT_EQ(shown.icon(), QMessageBox::Question);
+    EXPECT_EQ(shown.defaultButton(), shown.button(QMessageBox::Cancel));
+    EXPECT_EQ(shown.buttons().size(), 3);
+    shown.button(QMessageBox::No)->click();
+  });
+  EXPECT_EQ(prompts.Show(box), PromptAnswer::No);
+  struct Closing {
+    PromptButtons Buttons;
+    PromptAnswer Default, Answer;
+  };
+  for (const Closing& c : {Closing{PromptButtons::YesNoCancel, PromptAnswer::Yes, PromptAnswer::Cancel},
+                           Closing{PromptButtons::OkCancel, PromptAnswer::Ok, PromptAnswer::Cancel},
+                           Closing{PromptButtons::YesNo, PromptAnswer::Yes, PromptAnswer::No},
+                           Closing{PromptButtons::Ok, PromptAnswer::Ok, PromptAnswer::Ok}}) {
+    WithNextDialog<QMessageBox>([](QMessageBox& shown) { shown.close(); });
+    EXPECT_EQ(prompts.Show({"x", "y", c.Buttons, PromptIcon::None, c.Default}), c.Answer);
+  }
+}
+
+TEST(QtPrompts, FileChoosersUseTheFiltersAndRememberTheFolder) {
+  QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+  const QTemporaryDir folder;
+  QtPrompts prompts;
+  FileQuestion question{"Save Script",
+                        {{"JavaScript File", {"*.js", "*.mjs"}}, {"All Files", {"*.*"}}},
+                        folder.path().toStdString(),
+                        "new"};
+  WithNextDialog<QFileDialog>([](QFileDialog& shown) {
+    EXPECT_EQ(shown.nameFilters(),
+              (QStringList{QStringLiteral("JavaScript File (*.js *.mjs)"), QStringLiteral("All Files (*)")}));
+    EXPECT_EQ(shown.acceptMode(), QFileDialog::AcceptSave);
+    QMetaObject::invokeMethod(&shown, "accept");
+  });
+  EXPECT_EQ(prompts.AskSaveFile(question), folder.filePath(QStringLiteral("new.js")).toStdString());
+  question.Folder.clear();
+  WithNextDialog<QFileDialog>([&](QFileDialog& shown) {
+    EXPECT_EQ(shown.directory().absolutePath(), folder.path());
+    shown.reject();
+  });
+  EXPECT_EQ(prompts.AskOpenFile(question), "");
+}
+
+TEST(FontChoice, AMissingFixedFaceGetsAFixedSubstitute) {
+  EXPECT_TRUE(qt::IsFixedWidth(qt::FamilyFor({.Name = "No Such Face 123", .Fixed = true})));
+  EXPECT_FALSE(qt::FamilyFor({.Name = "No Such Face 123"}).isEmpty());
+  const QString installed = qt::FamilyFor({.Name = "DejaVu Sans"});
+  EXPECT_EQ(installed, QStringLiteral("DejaVu Sans"));
+  EXPECT_FALSE(qt::IsFixedWidth(installed));
+}
+
+TEST(QtEventLoop, DoEventsDeliversWhatIsPending) {
+  qt::QtEventLoop loop;
+  bool delivered = false;
+  QTimer::singleShot(0, [&] { delivered = true; });
+  const auto before = loop.Milliseconds();
+  loop.DoEvents();
+  EXPECT_TRUE(delivered);
+  EXPECT_GE(loop.Milliseconds(), before);
+}
+
+}  // namespace
+}  // namespace tests

@@ -1,0 +1,112 @@
+// The real text control keeps the contract of all text controls, and is the same as the one in memory.
+
+#include "platform/qt/RichTextBox.h"
+
+#include <QApplication>
+#include <QImage>
+
+#include "tests/support/MemoryTextControl.h"
+#include "tests/support/TextControlContract.h"
+
+namespace tests {
+namespace {
+
+using platform::qt::ColourStyles;
+using platform::qt::RichTextBox;
+
+struct RealControl {
+  static std::unique_ptr<platform::TextControl> Make() {
+    auto box = std::make_unique<RichTextBox>();
+    box->resize(300, 200);
+    box->show();
+    QApplication::processEvents();
+    return box;
+  }
+};
+
+struct MemoryControl {
+  static std::unique_ptr<platform::TextControl> Make() { return std::make_unique<MemoryTextControl>(); }
+};
+
+INSTANTIATE_TYPED_TEST_SUITE_P(Real, TextControlContract, RealControl);
+INSTANTIATE_TYPED_TEST_SUITE_P(Memory, TextControlContract, MemoryControl);
+
+TEST(RichTextBox, IsTheControlInMemoryUnderRandomOperations) {
+  for (std::uint64_t seed = laws::FirstSeed(); seed < laws::FirstSeed() + laws::Runs(20); ++seed) {
+    SCOPED_TRACE("QUILLMARK_LAW_SEED=" + std::to_string(seed));
+    MemoryTextControl memory;
+    const auto real = RealControl::Make();
+    ControlComparison(memory, *real, seed).Play(60);
+    if (HasFailure()) return;
+  }
+}
+
+TEST(RichTextBox, ColoursOfALongTextAreThoseGiven) {
+  RichTextBox box;
+  rich_text::StyledText styled{{}, {0xFF, 0xFF00}, {}};
+  while (styled.Text.size() < 2'500'000) styled.Text += "a line of some length\r\n";
+  // Short runs at first, then one over several of the pieces that the control hands on.
+  for (std::size_t at = 0; at < 1'200'000; at += 23)
+    styled.Runs.push_back({at + 2, at + 6, static_cast<std::uint32_t>(at % 2 + 1)});
+  styled.Runs.push_back({1'200'000 / 23 * 23 + 23, 2'400'000 / 23 * 23, 1});
+  box.SetText(styled.Text);
+  const std::string expected = rich_text::WriteRtf(styled, "Courier New");
+  box.SetColours(styled.Colours, styled.Runs);
+  EXPECT_TRUE(box.TextRTF() == expected);
+  box.SetColours({}, {});
+  box.SetTextRTF(expected);
+  EXPECT_TRUE(box.TextRTF() == expected);
+}
+
+TEST(RichTextBox, TakesTheNearestColourWhenNumbersRunOut) {
+  RichTextBox box;
+  const std::size_t count = ColourStyles::MaxColours + 3;
+  box.SetText(std::string(count, 'x'));
+  std::vector<rich_text::ColourValue> colours;
+  std::vector<rich_text::ColourRun> runs;
+  for (std::uint32_t i = 0; i < count; ++i) {
+    colours.push_back(i);
+    runs.push_back({i, i + 1, i + 1});
+  }
+  box.SetColours(colours, runs);
+  for (std::size_t i = 0; i < count; ++i)
+    EXPECT_EQ(box.StretchAt(i).Colour, std::min<std::size_t>(i, ColourStyles::MaxColours - 1)) << i;
+  colours.assign({0xABCDEF});
+  box.SetColours(colours, {{0, 1, 1}});
+  EXPECT_EQ(box.StretchAt(0).Colour, 0xABCDEFu) << "colours no longer used make room";
+}
+
+TEST(RichTextBox, TextOfADarkDesktopIsReadableAndItsColoursAreReportedAsGiven) {
+  RichTextBox box;
+  QPalette dark = box.palette();
+  dark.setColor(QPalette::Base, QColor(0x20, 0x20, 0x20));
+  dark.setColor(QPalette::Text, Qt::white);
+  box.setPalette(dark);
+  box.SetText("dark");
+  box.SetColours({0x800000}, {{0, 4, 1}});
+  EXPECT_EQ(box.StretchAt(0).Colour, 0x800000u);
+  const auto shown = static_cast<rich_text::ColourValue>(
+      box.SendScintilla(QsciScintillaBase::SCI_STYLEGETFORE, ColourStyles::StyleAt(1)));
+  EXPECT_GE(platform::qt::Contrast(shown, 0x202020), 4.5);
+  EXPECT_EQ(platform::qt::ReadableColour(0x00FFFF, 0xFFFFFF), 0x00FFFFu) << "a light desktop shows what is given";
+}
+
+TEST(RichTextBox, PaintsNothingWhileRedrawIsOff) {
+  const auto owned = RealControl::Make();
+  auto& box = dynamic_cast<RichTextBox&>(*owned);
+  const auto picture = [&] { return box.grab().toImage(); };
+  const QImage empty = picture();
+  box.SetText("MMMMMMMM\nMMMMMMMM");
+  const QImage text = picture();
+  EXPECT_NE(text, empty);
+  box.SetRedraw(false);
+  box.SetText("");
+  QApplication::processEvents();
+  box.SetRedraw(true);
+  box.Refresh();
+  QApplication::processEvents();
+  EXPECT_EQ(picture(), empty);
+}
+
+}  // namespace
+}  // namespace tests

@@ -1,0 +1,108 @@
+#include "templates/Model.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/unit/templates/SampleTemplates.h"
+
+namespace {
+
+using namespace templates;
+
+template <typename Action>
+int CodeOf(Action action) {
+  try {
+    action();
+  } catch (const platform::Failure& failure) {
+    return failure.Code();
+  }
+  return 0;
+}
+
+TEST(WrdAct, TheListsKeepTheirOldPlacesWhenTheCountDropsToZero) {
+  WrdAct action;
+  EXPECT_EQ(CodeOf([&] { action.WordList(1); }), 9);
+  action.SetNumberOfWords(3);
+  action.SetWordList(3, "third");
+  action.SetIconList(3, 7);
+  for (int outside : {-1, 0, 4}) {
+    EXPECT_EQ(CodeOf([&] { action.WordList(outside); }), 9);
+    EXPECT_EQ(CodeOf([&] { action.SetWordList(outside, "x"); }), 9);
+    EXPECT_EQ(CodeOf([&] { action.SetIconList(outside, 1); }), 9);
+  }
+  std::vector<std::string> words = {"old"};
+  std::vector<std::int32_t> icons = {9};
+  action.FillWordList(words);
+  action.FillIconList(icons);
+  EXPECT_EQ(words, (std::vector<std::string>{"", "", "third"}));
+  EXPECT_EQ(icons, (std::vector<std::int32_t>{0, 0, 7}));
+
+  for (std::int16_t none : {std::int16_t{0}, std::int16_t{-5}}) {
+    action.SetNumberOfWords(none);
+    EXPECT_EQ(action.NumberOfWords(), none);
+    EXPECT_EQ(action.WordList(3), "third");
+    EXPECT_EQ(action.IconList(3), 7);
+    words = {"old"}, icons = {9};
+    action.FillWordList(words);
+    action.FillIconList(icons);
+    EXPECT_TRUE(words.empty());
+    EXPECT_TRUE(icons.empty());
+  }
+
+  action.SetNumberOfWords(2);
+  EXPECT_EQ(action.WordList(2), "");
+  EXPECT_EQ(CodeOf([&] { action.IconList(3); }), 9);
+}
+
+TEST(Model, AddToKeepsTheFirstWordAndRefusesASecondAction) {
+  KeyedCollection<Word> words;
+  KeyedCollection<colWord> colWords;
+  for (const char* name : {"If", "if", "Else"}) {
+    auto word = std::make_shared<Word>();
+    word->Name = name;
+    word->AddTo(words);
+    auto coloured = std::make_shared<colWord>();
+    coloured->StartWord = name;
+    coloured->AddTo(colWords);
+  }
+  ASSERT_EQ(words.Count(), 2U);
+  EXPECT_EQ(words.Item("IF")->Name, "If");
+  EXPECT_TRUE(words.Item(2)->Ping());
+  ASSERT_EQ(colWords.Count(), 2U);
+  EXPECT_EQ(colWords.Item("iF")->StartWord, "If");
+
+  KeyedCollection<WrdAct> actions;
+  tests::MakeAction(1, "x", "first", {})->AddTo(actions);
+  EXPECT_EQ(CodeOf([&] { tests::MakeAction(2, "X", "second", {})->AddTo(actions); }), 5);
+  EXPECT_EQ(actions.Item("X")->tipText, "first");
+}
+
+TEST(Model, DelimetersAreWholeCharactersWithTheirCase) {
+  TemplateFields fields;
+  EXPECT_FALSE(fields.IsDelimeter(" "));
+  fields.Delimeters = {"x", "é", "\r"};
+  for (const char* yes : {"x", "xyz", "é", "éa", "\r\n"}) EXPECT_TRUE(fields.IsDelimeter(yes)) << yes;
+  for (const char* no : {"", "X", "É", "ê", "ax", "\n"}) EXPECT_FALSE(fields.IsDelimeter(no)) << no;
+}
+
+TEST(Model, OnlyNumbersOfRealColoursDraw) {
+  TemplateFields fields;
+  fields.Colours = {0, NoColour, 0xFFFFFF};
+  const std::vector<std::pair<int, bool>> cases = {{-1, false}, {0, false}, {1, true},
+                                                   {2, false},  {3, true},  {4, false}};
+  for (const auto& [number, draws] : cases)
+    EXPECT_EQ(fields.HasColour(static_cast<std::int16_t>(number)), draws) << number;
+}
+
+TEST(Model, ExtensionsOfAList) {
+  struct Case {
+    const char *List, *Extension;
+    bool Named;
+  };
+  for (const Case& c : {Case{"js", "JS", true}, Case{"js", "j", false}, Case{"htm;html", "html", true},
+                        Case{"htm;html", "htm;html", false}, Case{"htm; Html ", "hTML", true}, Case{"", "", true},
+                        Case{"htm;", "", false}, Case{"", "js", false}, Case{" js", "js", false}})
+    EXPECT_EQ(NamesExtension(c.List, c.Extension), c.Named) << c.List << " / " << c.Extension;
+  EXPECT_EQ(ExtensionsOf("; htm ;;html"), (std::vector<std::string>{"htm", "html"}));
+}
+
+}  // namespace

@@ -84,16 +84,23 @@ class RtfFormat {
   /// Returns the bytes of the text that it has written itself.
   std::size_t Close(const PassRun& run) {
     if (run.Close == RunClose::Open) return 0;
-    const std::size_t lineEnd = run.Close == RunClose::BeforeParagraph ? rich_text::LineEndLength(m_text, run.End) : 0;
-    m_out += lineEnd > 0 ? "\r\n\\cf0 \\par " : "\\cf0 ";
-    return lineEnd;
+    if (run.Close == RunClose::InText) {
+      m_out += "\\cf0 ";
+      return 0;
+    }
+    m_out += "\r\n\\cf0 \\par ";
+    m_endsLastParagraph = run.End == m_text.size();
+    return rich_text::LineEndLength(m_text, run.End);
   }
+
+  void End() { m_out += m_endsLastParagraph ? "}" : "\r\n\\par }"; }
 
   void Text(std::string_view stretch) { rich_text::AppendRtfText(m_out, stretch); }
 
  private:
   std::string& m_out;
   std::string_view m_text;
+  bool m_endsLastParagraph = false;  ///< the last run has written it
 };
 
 /// "#RRGGBB".
@@ -204,7 +211,7 @@ void WriteColouredRtf(const ColouredText& coloured, std::string_view fontName, c
   output.Buffer() += rich_text::RtfBodyPrefix;
   RtfFormat format(output.Buffer(), coloured.Text);
   Writer(coloured, output, format).Write();
-  output.Buffer() += "\r\n\\par }";
+  format.End();
   output.Flush(true);
 }
 

@@ -7,8 +7,6 @@
 namespace editor {
 namespace {
 
-constexpr int EscapeKey = 27;
-
 std::string_view NameIn(std::string_view path) {
   const std::size_t separator = path.find_last_of("/\\");
   return separator == std::string_view::npos ? path : path.substr(separator + 1);
@@ -269,10 +267,6 @@ bool Document::CancelColouring() {
   const bool wasColouring = m_state.Colouring;
   m_state.Colouring = false;
   return wasColouring;
-}
-
-bool Document::KeyDown(int keyCode, int shift) {
-  return keyCode == EscapeKey && shift == platform::Shift::None && CancelColouring();
 }
 
 void Document::Change(const platform::TextChange&) {

@@ -60,7 +60,7 @@ class Document : public platform::TextControlEvents {
   /// Shows caret or selection, size and template in the status bar.
   void UpdateStatus();
 
-  bool KeyDown(int keyCode, int shift) override;
+  bool KeyDown(int, int) override { return false; }
   bool KeyPress(char32_t) override { return false; }
   void KeyUp(int, int) override { UpdateStatus(); }
   void Change(const platform::TextChange& change) override;

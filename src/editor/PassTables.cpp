@@ -29,8 +29,7 @@ UnitPosition Advance(std::string_view text, UnitPosition from, std::size_t units
 }
 
 UnitPosition NextParagraph(std::string_view text, std::size_t offset) {
-  const std::size_t lineEnd = rich_text::FindLineEnd(text, offset);
-  return {lineEnd, lineEnd < text.size() ? ParagraphUnit : 0, false};
+  return {rich_text::FindLineEnd(text, offset), ParagraphUnit, false};  // the text's own end is a paragraph's too
 }
 
 // Letter case.

@@ -108,6 +108,7 @@ std::string WriteFile(const std::string& path, std::string_view bytes) {
   const std::string target = TargetOf(path);
   struct stat status {};
   const bool exists = ::stat(target.c_str(), &status) == 0;
+  if (!exists && errno != ENOENT) return LastError();  // above all, links that lead round in a circle
   if (exists && !S_ISREG(status.st_mode)) return "it is not a regular file";
   if (exists && ::access(target.c_str(), W_OK) != 0) return LastError();
 

@@ -6,8 +6,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/TextControl.h"
@@ -24,6 +26,9 @@ class RecordedEvents : public platform::TextControlEvents {
   explicit RecordedEvents(platform::TextControl& control) : m_control(control), m_mirror(control.Text()) {
     control.SetEvents(this);
   }
+  RecordedEvents(const RecordedEvents&) = delete;
+  RecordedEvents& operator=(const RecordedEvents&) = delete;
+  ~RecordedEvents() override { m_control.SetEvents(nullptr); }
 
   bool KeyDown(int keyCode, int shift) override {
     Log.push_back("KeyDown " + std::to_string(keyCode) + " " + std::to_string(shift));
@@ -225,8 +230,6 @@ class ControlComparison {
       EXPECT_EQ(testedEvents.Take(), trustedEvents.Take());
       Compare();
     }
-    m_trusted.SetEvents(nullptr);
-    m_tested.SetEvents(nullptr);
   }
 
  private:

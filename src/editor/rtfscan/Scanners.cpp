@@ -31,6 +31,26 @@ std::size_t WordEnd(std::string_view rtf, std::size_t at, std::string_view& word
   return i;
 }
 
+/// The number of a "\u" word at `at` as a UTF-16 unit.
+unsigned UnitAt(std::string_view rtf, std::size_t at) {
+  std::size_t i = at + 2;
+  const bool isNegative = i < rtf.size() && rtf[i] == '-';
+  unsigned unit = 0;
+  for (i += isNegative; i < rtf.size() && rtf[i] >= '0' && rtf[i] <= '9'; ++i)
+    unit = unit * 10 + static_cast<unsigned>(rtf[i] - '0');
+  return (isNegative ? 0 - unit : unit) & 0xFFFF;
+}
+
+/// The end of the character that a "\u" word at `at`, ending at `end`, begins: with the one fallback character, and
+/// with the second half of a surrogate pair.
+std::size_t UnicodeEnd(std::string_view rtf, std::size_t at, std::size_t end) {
+  std::size_t stop = std::min(end + 1, rtf.size());
+  if ((UnitAt(rtf, at) & 0xFC00) != 0xD800 || !rtf.substr(stop).starts_with("\\u")) return stop;
+  std::string_view word;
+  const std::size_t lowEnd = WordEnd(rtf, stop, word);
+  return word == "u" && (UnitAt(rtf, stop) & 0xFC00) == 0xDC00 ? std::min(lowEnd + 1, rtf.size()) : stop;
+}
+
 Token WordToken(std::string_view rtf, std::size_t at) {
   std::string_view word;
   const std::size_t end = WordEnd(rtf, at, word);
@@ -41,7 +61,7 @@ Token WordToken(std::string_view rtf, std::size_t at) {
     return {Kind::Plain, space == std::string_view::npos ? rtf.size() : space + 1};
   }
   if (word == "tab") return {Kind::Character, end};
-  if (word == "u") return {Kind::Character, std::min(end + 1, rtf.size())};  // with its one fallback character
+  if (word == "u") return {Kind::Character, UnicodeEnd(rtf, at, end)};
   return {Kind::OtherCode, end};
 }
 

@@ -66,6 +66,11 @@ void Mainwin::closeEvent(QCloseEvent* event) {
   event->setAccepted(m_closed);
 }
 
+// The control is disabled while colouring runs, and its keys come here.
+void Mainwin::keyPressEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Escape || !m_document->CancelColouring()) QWidget::keyPressEvent(event);
+}
+
 void Mainwin::focusInEvent(QFocusEvent*) {
   m_textArea->setFocus();
 }

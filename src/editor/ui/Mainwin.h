@@ -46,6 +46,7 @@ class Mainwin : public QWidget, public shell::ChildWindow, public DocumentWindow
  protected:
   void closeEvent(QCloseEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   QMdiSubWindow* SubWindow() const;

@@ -113,8 +113,6 @@ void BackWin::DisableDocumentTools() {
 }
 
 void BackWin::UpdateWindowTabs() {
-  const editor::ui::Mainwin* document = ActiveDocument();
-  setWindowModified(document && !document->Saved());
   for (QMdiSubWindow* window : m_windows->subWindowList())
     if (const editor::ui::Mainwin* shown = DocumentIn(window)) {
       const QString caption = QString::fromStdString(shown->Caption());

@@ -39,8 +39,9 @@ QAction* Tools::ActionOf(const Tool& tool) {
   action = new QAction(Text(tool.Caption), &m_window);
   action->setObjectName(Text(tool.Name));
   action->setStatusTip(Text(tool.Description));
-  action->setShortcuts(
-      QKeySequence::listFromString(Text(tool.Shortcut).replace(QStringLiteral(", "), QStringLiteral("; "))));
+  if (!tool.Shortcut.empty())
+    action->setShortcuts(
+        QKeySequence::listFromString(Text(tool.Shortcut).replace(QStringLiteral(", "), QStringLiteral("; "))));
   action->setCheckable(tool.Checkable);
   QObject::connect(action, &QAction::triggered, &m_window, [this, name = std::string(tool.Name)] { m_clicked(name); });
   return action;

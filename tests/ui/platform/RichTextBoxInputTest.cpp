@@ -97,7 +97,6 @@ TEST_F(RichTextBoxInput, KeysDoWhatTheySay) {
     const List log = events.Take();
     EXPECT_EQ(std::count(log.begin(), log.end(), "Change"), c.Before == c.After ? 0 : 1) << "one change a key";
   }
-  m_box.SetEvents(nullptr);
 }
 
 TEST_F(RichTextBoxInput, TellsKeysByTheirVirtualCodes) {
@@ -124,7 +123,6 @@ TEST_F(RichTextBoxInput, TellsKeysByTheirVirtualCodes) {
   EXPECT_EQ(events.Take(), List{});
   EXPECT_EQ(m_box.Text(), "aX.b");
   EXPECT_TRUE(m_box.hasFocus());
-  m_box.SetEvents(nullptr);
 }
 
 TEST_F(RichTextBoxInput, InputMethodsTypeCharacterByCharacter) {
@@ -148,7 +146,6 @@ TEST_F(RichTextBoxInput, InputMethodsTypeCharacterByCharacter) {
   QApplication::sendEvent(&m_box, &query);
   EXPECT_EQ(query.value(Qt::ImCursorPosition).toInt(), 2);
   EXPECT_EQ(query.value(Qt::ImSurroundingText).toString(), QStringLiteral("axb"));
-  m_box.SetEvents(nullptr);
 }
 
 TEST_F(RichTextBoxInput, TheMouseSelects) {
@@ -170,7 +167,6 @@ TEST_F(RichTextBoxInput, TheMouseSelects) {
   events.ConsumedButton = 1;
   QTest::mouseClick(m_box.viewport(), Qt::LeftButton, {}, PointOf(1));
   EXPECT_EQ(m_box.SelText(), "rst line\nsec");
-  m_box.SetEvents(nullptr);
 }
 
 TEST_F(RichTextBoxInput, PastingTakesTheDocumentsLineEnds) {
@@ -184,7 +180,6 @@ TEST_F(RichTextBoxInput, PastingTakesTheDocumentsLineEnds) {
   m_box.Cut();
   EXPECT_EQ(m_box.Text(), "");
   EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("x\ny"));
-  m_box.SetEvents(nullptr);
 }
 
 TEST_F(RichTextBoxInput, DroppedFilesGoToTheListener) {
@@ -200,7 +195,6 @@ TEST_F(RichTextBoxInput, DroppedFilesGoToTheListener) {
   QApplication::sendEvent(m_box.viewport(), &drop);
   EXPECT_EQ(events.Take(), (List{"Dropped /tmp/a b.js", "Dropped /tmp/c"}));
   EXPECT_EQ(m_box.Text(), "text");
-  m_box.SetEvents(nullptr);
 }
 
 }  // namespace

@@ -2,8 +2,11 @@
 
 #include "platform/qt/RichTextBox.h"
 
+#include <QAccessible>
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QImage>
+#include <QKeyEvent>
 
 #include "tests/support/MemoryTextControl.h"
 #include "tests/support/TextControlContract.h"
@@ -56,6 +59,58 @@ TEST(RichTextBox, ColoursOfALongTextAreThoseGiven) {
   box.SetColours({}, {});
   box.SetTextRTF(expected);
   EXPECT_TRUE(box.TextRTF() == expected);
+}
+
+TEST(RichTextBox, ChangesOfOneActionAreToldAsOne) {
+  RichTextBox box;
+  laws::Dice dice(3);
+  box.SetText("the text that is changed in several places at once");
+  RecordedEvents events(box);
+  for (int action = 0; action < 300; ++action) {
+    for (std::size_t part = 1 + dice.Below(4); part > 0; --part) {
+      const unsigned long at = dice.Below(box.Length() + 1);
+      if (dice.Chance(55))
+        box.SendScintilla(QsciScintillaBase::SCI_INSERTTEXT, at, "new");
+      else
+        box.SendScintilla(QsciScintillaBase::SCI_DELETERANGE, at, static_cast<long>(dice.Below(box.Length() + 1 - at)));
+    }
+    QApplication::processEvents();
+    ASSERT_EQ(events.Mirror(), box.Text());
+    const std::vector<std::string> log = events.Take();
+    ASSERT_LE(std::count(log.begin(), log.end(), "Change"), 1);
+  }
+}
+
+/// The median time of typing one character in the middle of a text, in nanoseconds.
+qint64 TypingTime(RichTextBox& box, std::size_t textSize) {
+  std::string text;
+  text.reserve(textSize + 32);
+  while (text.size() < textSize) text += "a line with an \xC3\xA9 in it\n";
+  box.SetText(text);
+  box.SetSelStart(box.LineStart(box.LineCount() / 2));
+  std::vector<qint64> times;
+  for (int key = 0; key < 25; ++key) {
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_X, Qt::NoModifier, QStringLiteral("x"));
+    QElapsedTimer timer;
+    timer.start();
+    QApplication::sendEvent(&box, &press);
+    times.push_back(timer.nsecsElapsed());
+  }
+  std::sort(times.begin(), times.end());
+  return times[times.size() / 2];
+}
+
+// The component's own ways of telling accessibility and the program about a change count every character before it: in
+// this text a hundred times slower and more. The margin is for busy machines.
+TEST(RichTextBox, AKeyInALongTextCostsWhatItCostsInAShortOne) {
+  const auto owned = RealControl::Make();
+  auto& box = dynamic_cast<RichTextBox&>(*owned);
+  for (const bool screenReader : {false, true}) {
+    QAccessible::setActive(screenReader);
+    const qint64 inShort = TypingTime(box, 1000), inLong = TypingTime(box, 20'000'000);
+    EXPECT_LT(inLong, 8 * inShort) << "screen reader: " << screenReader;
+  }
+  QAccessible::setActive(false);
 }
 
 TEST(RichTextBox, TakesTheNearestColourWhenNumbersRunOut) {

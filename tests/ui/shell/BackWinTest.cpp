@@ -1,0 +1,214 @@
+// The frame with real document windows: files opened, typed into, saved and closed.
+
+#include "shell/ui/BackWin.h"
+
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QMdiSubWindow>
+#include <QTest>
+#include <QTimer>
+#include <QToolButton>
+
+#include "editor/ColourPass.h"
+#include "rich_text/Rtf.h"
+#include "templates/Loader.h"
+#include "tests/support/ScriptedPrompts.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace {
+
+using platform::PromptAnswer;
+using shell::ui::BackWin;
+using tests::ScriptedPrompts;
+using tests::TemporaryFolder;
+
+constexpr const char* Templates = QUILLMARK_SOURCE_DIR "/data/templates";
+
+class FrameTest : public testing::Test {
+ protected:
+  FrameTest() {
+    m_frame.show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&m_frame));
+  }
+
+  editor::ui::Mainwin& Open(const std::string& name, std::string_view bytes) {
+    m_frame.OpenFile(m_folder.Write(name, bytes));
+    return *m_frame.ActiveDocument();
+  }
+
+  static void ExpectClosing(ScriptedPrompts& prompts, const std::string& caption, PromptAnswer answer) {
+    prompts.Expect({.Text = "Save changes to " + caption + " before closing?",
+                    .Buttons = platform::PromptButtons::YesNoCancel,
+                    .Icon = platform::PromptIcon::Question,
+                    .Default = PromptAnswer::Cancel},
+                   answer);
+  }
+
+  QString Panel(const char* name) const {
+    const auto* label = m_frame.findChild<QLabel*>(QString::fromLatin1(name));
+    return label ? label->text() : QStringLiteral("no panel ") + QString::fromLatin1(name);
+  }
+  QAction* Tool(const char* name) const { return m_frame.findChild<QAction*>(QString::fromLatin1(name)); }
+  std::size_t OpenWindows() const { return m_frame.WindowCount(); }
+  bool AllClosed() {
+    return QTest::qWaitFor([&] { return OpenWindows() == 0; });
+  }
+
+  TemporaryFolder m_folder;
+  ScriptedPrompts m_prompts;
+  BackWin m_frame{m_prompts, Templates};
+};
+
+TEST_F(FrameTest, UntouchedFilesAreSavedByteForByte) {
+  const std::vector<std::pair<std::string, std::string>> files = {
+      {"crlf.js", "var a;\r\nvar b;\r\n"},
+      {"lf.js", "var a;\nvar b;\n"},
+      {"mixed.py", "a = 1\r\nb = 2\nc = 3\rd"},
+      {"no_end.css", "p { color: red }"},
+      {"latin1.html", "<p>caf\xE9 \x80 \x81</p>\n"},
+      {"utf8.sh", "echo 'äöü \xF0\x9F\x98\x80'\n"},
+      {"mark.js", "\xEF\xBB\xBF// marked\n"},
+      {"broken.js", "// \xC3\x28 \xFF\n"},
+      {"zero.c", std::string("int a;\0\0\x01\x1B\x7F\n", 12)},
+      {"empty.js", ""},
+      {"unknown.zzz", "plain\n"},
+  };
+  for (const auto& [name, bytes] : files) {
+    Open(name, bytes).SaveFile(m_folder.Path(name));
+    EXPECT_EQ(m_folder.Read(name), bytes) << name;
+  }
+  m_frame.close();
+  EXPECT_TRUE(AllClosed());
+}
+
+TEST_F(FrameTest, AnOpenedFileIsColouredAsTheRulesSay) {
+  const std::string text = "// note\r\nvar s = \"text\"; /* two\r\nlines */ return 12;\r\n";
+  editor::ui::Mainwin& window = Open("a.js", text);
+  templates::TemplateFields fields;
+  templates::CollectedMessages messages;
+  templates::LoadTemplate(std::string(Templates) + "/JavaScript.def", fields, {}, messages);
+  const auto expected = editor::ColouredRuns(editor::ColourPass(fields).Whole(text), fields.Colours);
+
+  const rich_text::StyledText shown = rich_text::ReadRtf(window.TextArea().TextRTF());
+  std::vector<std::string> shownRuns, expectedRuns;
+  for (const auto& run : shown.Runs)
+    shownRuns.push_back(std::to_string(shown.Colours[run.Colour - 1]) + " " + std::to_string(run.Start));
+  for (const auto& run : expected) {  // lines end with LF in what RTF gives back
+    std::size_t start = run.Start;
+    for (std::size_t i = 0; i < run.Start; ++i) start -= text[i] == '\r' ? 1 : 0;
+    expectedRuns.push_back(std::to_string(fields.Colours[run.Colour - 1]) + " " + std::to_string(start));
+  }
+  EXPECT_FALSE(expectedRuns.empty());
+  EXPECT_EQ(shownRuns, expectedRuns);
+}
+
+TEST_F(FrameTest, TypingMarksTheDocumentAndSavingWritesIt) {
+  editor::ui::Mainwin& window = Open("a.py", "x = 1\n");
+  EXPECT_FALSE(Tool("save")->isEnabled());
+  QTest::keyClicks(window.TextArea().viewport(), QStringLiteral("y = 2"));
+  QTest::keyClick(window.TextArea().viewport(), Qt::Key_Return);
+  EXPECT_FALSE(window.Saved());
+  EXPECT_TRUE(Tool("save")->isEnabled());
+  EXPECT_EQ(Panel("CoOrds"), QStringLiteral("(Line 2, Col 1)"));
+  EXPECT_EQ(Panel("DocSize"), QStringLiteral("3 Lines"));
+  Tool("save")->trigger();
+  EXPECT_EQ(m_folder.Read("a.py"), "y = 2\nx = 1\n");
+  EXPECT_TRUE(window.Saved());
+  QTest::keyClick(window.TextArea().viewport(), Qt::Key_Up, Qt::ShiftModifier);
+  EXPECT_EQ(Panel("CoOrds"), QStringLiteral("Selected: 2 lines"));
+}
+
+TEST_F(FrameTest, SaveAsTakesTheTemplatesTypeAndTheNewName) {
+  editor::ui::Mainwin& window = Open("a.py", "x = 1\n");
+  m_prompts.ExpectSaveFile("Save Script", "");
+  Tool("saveas")->trigger();
+  EXPECT_EQ(window.CurFileName(), m_folder.Path("a.py"));
+  EXPECT_EQ(m_prompts.LastFileQuestion().Filters.front().Description, "Python File");
+  m_prompts.ExpectSaveFile("Save Script", m_folder.Path("b.py"));
+  Tool("saveas")->trigger();
+  EXPECT_EQ(window.Caption(), "b.py");
+  EXPECT_EQ(m_folder.Read("b.py"), "x = 1\n");
+}
+
+TEST_F(FrameTest, ClosingAsksForChangedDocumentsOnly) {
+  Open("clean.js", "a\n");
+  editor::ui::Mainwin& changed = Open("changed.js", "b\n");
+  QTest::keyClicks(changed.TextArea().viewport(), QStringLiteral("x"));
+  ExpectClosing(m_prompts, "changed.js", PromptAnswer::Cancel);
+  m_frame.close();
+  EXPECT_TRUE(m_frame.isVisible());
+  EXPECT_EQ(changed.TextArea().Text(), "xb\n");
+  ExpectClosing(m_prompts, "changed.js", PromptAnswer::Yes);
+  m_frame.close();
+  EXPECT_TRUE(AllClosed());
+  EXPECT_EQ(m_folder.Read("changed.js"), "xb\n");
+}
+
+TEST_F(FrameTest, AFileThatDoesNotExistOpensNothing) {
+  m_prompts.Expect({.Text = "/no/such/file.js does not exist.",
+                    .Title = "Error opening file...",
+                    .Icon = platform::PromptIcon::Critical});
+  m_frame.OpenFile("/no/such/file.js");
+  EXPECT_EQ(OpenWindows(), 0U);
+}
+
+TEST_F(FrameTest, TheTemplatePanelLetsTheUserChooseATemplate) {
+  editor::ui::Mainwin& window = Open("notes.zzz", "if x: pass\n");
+  EXPECT_TRUE(rich_text::ReadRtf(window.TextArea().TextRTF()).Runs.empty());
+  m_prompts.ExpectOpenFile("Select Template", std::string(Templates) + "/Python.def");
+  m_prompts.Expect({.Text = "Would you like to use this template for all .zzz files?",
+                    .Buttons = platform::PromptButtons::YesNo,
+                    .Icon = platform::PromptIcon::Question,
+                    .Default = PromptAnswer::Yes},
+                   PromptAnswer::Yes);
+  auto* panel = m_frame.findChild<QToolButton*>(QStringLiteral("Template"));
+  ASSERT_NE(panel, nullptr);
+  EXPECT_EQ(panel->text(), QStringLiteral("Using '<none>' Template"));
+  QTest::mouseClick(panel, Qt::LeftButton);
+  EXPECT_EQ(panel->text(), QStringLiteral("Using 'Python' Template"));
+  EXPECT_FALSE(rich_text::ReadRtf(window.TextArea().TextRTF()).Runs.empty());
+  EXPECT_TRUE(window.Saved());
+  // The association holds for the next file of the kind.
+  EXPECT_FALSE(rich_text::ReadRtf(Open("more.zzz", "if y: pass\n").TextArea().TextRTF()).Runs.empty());
+}
+
+TEST_F(FrameTest, ColouringALongFileYieldsAndEndsWithItsWindow) {
+  std::string text;
+  while (text.size() < 60'000'000) text += "var a = 'b'; // c\n";
+  const std::string path = m_folder.Write("long.js", text);
+  bool closedWhileBusy = false;
+  QTimer closer;
+  QObject::connect(&closer, &QTimer::timeout, [&] {
+    editor::ui::Mainwin* window = m_frame.ActiveDocument();
+    if (!window || !window->Busy() || closedWhileBusy) return;
+    closedWhileBusy = true;
+    EXPECT_FALSE(window->TextArea().Enabled());
+    window->parentWidget()->close();
+    EXPECT_EQ(OpenWindows(), 1U);  // the run below in the stack still needs it
+  });
+  closer.start(0);
+  m_frame.OpenFile(path);
+  EXPECT_TRUE(closedWhileBusy);
+  EXPECT_TRUE(AllClosed());
+}
+
+TEST_F(FrameTest, EscapeStopsColouring) {
+  std::string text;
+  while (text.size() < 60'000'000) text += "var a = 'b'; // c\n";
+  const std::string path = m_folder.Write("long.js", text);
+  QTimer presser;
+  QObject::connect(&presser, &QTimer::timeout, [&] {
+    editor::ui::Mainwin* window = m_frame.ActiveDocument();
+    if (window && window->Busy()) QTest::keyClick(window->TextArea().viewport(), Qt::Key_Escape);
+  });
+  presser.start(0);
+  m_frame.OpenFile(path);
+  const rich_text::StyledText shown = rich_text::ReadRtf(m_frame.ActiveDocument()->TextArea().TextRTF());
+  ASSERT_FALSE(shown.Runs.empty());
+  EXPECT_LT(shown.Runs.back().End, text.size() * 9 / 10);
+  EXPECT_EQ(shown.Text.size(), text.size());
+  EXPECT_TRUE(m_frame.ActiveDocument()->TextArea().Enabled());
+}
+
+}  // namespace

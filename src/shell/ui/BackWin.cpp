@@ -190,9 +190,10 @@ void BackWin::DocumentCommand(const std::string& name, editor::ui::Mainwin& docu
 }
 
 void BackWin::OpenByDialog() {
+  const editor::ui::Mainwin* document = ActiveDocument();
   const std::string path = m_prompts.AskOpenFile({.Title = "Open Script",
                                                   .Filters = TemplateFilters(m_templateList, m_associations),
-                                                  .Folder = "",
+                                                  .Folder = document ? FolderOf(document->CurFileName()) : "",
                                                   .SuggestedName = ""});
   if (!path.empty()) OpenFile(path);
 }

@@ -30,6 +30,7 @@ std::vector<platform::FileFilter> FiltersFor(std::string_view name, std::string_
 std::vector<platform::FileFilter> TemplateFilters(const std::vector<templates::Template>& list,
                                                   const std::vector<templates::Template>& associations) {
   std::vector<platform::FileFilter> filters;
+  filters.reserve(list.size() + 2);
   for (const templates::Template& record : list)
     filters.push_back({record.Name + " File", PatternsOf(record.Extension)});
   platform::FileFilter others{"Others", {}};

@@ -166,6 +166,7 @@ void RichTextBox::AppendRange(std::string& text, std::size_t start, std::size_t 
   if (start >= end) return;
   text.reserve(text.size() + (end - start));
   const auto append = [&](std::size_t from, std::size_t to) {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): the component hands its pointers over as numbers
     if (from < to) text.append(reinterpret_cast<const char*>(Send(SCI_GETRANGEPOINTER, from, to - from)), to - from);
   };
   const std::size_t gap = std::clamp(static_cast<std::size_t>(Send(SCI_GETGAPPOSITION)), start, end);

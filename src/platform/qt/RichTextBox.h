@@ -19,7 +19,7 @@
 
 namespace platform::qt {
 
-class RichTextBox : public QsciScintillaBase, public TextControl {
+class RichTextBox final : public QsciScintillaBase, public TextControl {
   Q_OBJECT
 
  public:

@@ -233,7 +233,8 @@ QVariant RichTextBox::inputMethodQuery(Qt::InputMethodQuery query) const {
     case Qt::ImCurrentSelection:
       return SurroundingQuery(query);
     default:
-      return QWidget::inputMethodQuery(query);
+      return QWidget::inputMethodQuery(query);  // NOLINT(bugprone-parent-virtual-call): Scintilla's own answers count
+                                                // characters from the top
   }
 }
 

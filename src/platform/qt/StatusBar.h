@@ -12,7 +12,7 @@ class QToolButton;
 
 namespace platform::qt {
 
-class StatusBar : public QStatusBar, public StatusPanels {
+class StatusBar final : public QStatusBar, public StatusPanels {
   Q_OBJECT
 
  public:

@@ -37,6 +37,7 @@ class TextAccessible : public QAccessibleWidget,
   void setSelection(int selectionIndex, int startOffset, int endOffset) override;
   int cursorPosition() const override;
   void setCursorPosition(int position) override;
+  using QAccessibleWidget::text;  // what the widget is called and describes itself as
   QString text(int startOffset, int endOffset) const override;
   QString textBeforeOffset(int offset, QAccessible::TextBoundaryType type, int* start, int* end) const override;
   QString textAfterOffset(int offset, QAccessible::TextBoundaryType type, int* start, int* end) const override;

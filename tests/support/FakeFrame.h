@@ -1,0 +1,105 @@
+#pragma once
+// The frame, the window, the status bar and the event loop of a document in the tests: they write down what they are
+// told, and the clock runs only as the test says.
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "editor/DocumentFrame.h"
+#include "tests/support/ScriptedPrompts.h"
+
+namespace tests {
+
+class FakeStatus : public platform::StatusPanels {
+ public:
+  std::map<std::string, std::string, std::less<>> Panels;
+  std::vector<std::string> Log;  ///< styles ("normal", "simple") and simple texts, in order
+
+  void SetPanelText(std::string_view key, std::string_view text) override { Panels[std::string(key)] = text; }
+  void SetStyle(platform::StatusStyle style) override {
+    Log.emplace_back(style == platform::StatusStyle::Normal ? "normal" : "simple");
+  }
+  void SetSimpleText(std::string_view text) override { Log.emplace_back(text); }
+  std::vector<std::string> Take() { return std::exchange(Log, {}); }
+};
+
+/// Each look at the clock takes MillisecondsALook.
+class FakeLoop : public platform::EventLoop {
+ public:
+  std::int64_t MillisecondsALook = 0;
+  std::function<void()> OnEvents;
+  std::vector<std::int64_t> Yields;  ///< when DoEvents was called
+
+  void DoEvents() override {
+    Yields.push_back(m_now);
+    if (OnEvents) OnEvents();
+  }
+  std::int64_t Milliseconds() const override { return m_now += MillisecondsALook; }
+
+ private:
+  mutable std::int64_t m_now = 0;
+};
+
+class FakeFrame : public editor::DocumentFrame {
+ public:
+  FakeStatus Bar;
+  FakeLoop Events;
+  ScriptedPrompts Questions;
+  settings::Settings Values;
+  std::map<std::string, std::string, std::less<>> Known;  ///< extension to template file
+  std::vector<std::string> Associations;                  ///< "extension name file"
+  std::vector<std::string> Opened;
+  std::map<std::string, bool, std::less<>> Enabled, Checked;
+  std::string AskedType;  ///< type name and extension of the last file chooser
+  int TabUpdates = 0;
+
+  platform::StatusPanels& Status() override { return Bar; }
+  platform::Prompts& Prompts() override { return Questions; }
+  platform::EventLoop& Loop() override { return Events; }
+  const settings::Settings& Settings() const override { return Values; }
+  std::string GetOpenFile(std::string_view title, std::string_view extName, std::string_view ext) override {
+    return Questions.AskOpenFile(Question(title, extName, ext));
+  }
+  std::string GetSaveFile(std::string_view title, std::string_view extName, std::string_view ext) override {
+    return Questions.AskSaveFile(Question(title, extName, ext));
+  }
+  std::string AskTemplate() override { return GetOpenFile("Select Template", "Template Definition File", "def"); }
+  std::string GetTemplateOf(std::string_view extension) const override {
+    const auto found = Known.find(extension);
+    return found == Known.end() ? "" : found->second;
+  }
+  void AddAssociation(const templates::Template& record) override {
+    Associations.push_back(record.Extension + ' ' + record.Name + ' ' + record.FileName);
+  }
+  void OpenFile(const std::string& path) override { Opened.push_back(path); }
+  void EnableTool(std::string_view name, bool enabled) override { Enabled[std::string(name)] = enabled; }
+  void CheckTool(std::string_view name, bool checked) override { Checked[std::string(name)] = checked; }
+  void UpdateWindowTabs() override { ++TabUpdates; }
+
+ private:
+  platform::FileQuestion Question(std::string_view title, std::string_view extName, std::string_view ext) {
+    AskedType = std::string(extName) + '|' + std::string(ext);
+    platform::FileQuestion question;
+    question.Title = title;
+    return question;
+  }
+};
+
+class FakeWindow : public editor::DocumentWindow {
+ public:
+  bool Active = true;
+  std::string Title = "Untitled";
+  int Closed = 0, Fronted = 0;
+
+  bool IsActive() const override { return Active; }
+  std::string Caption() const override { return Title; }
+  void SetCaption(std::string_view caption) override { Title = caption; }
+  void BringToFront() override { ++Fronted; }
+  void CloseWindow() override { ++Closed; }
+};
+
+}  // namespace tests

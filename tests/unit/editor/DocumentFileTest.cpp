@@ -1,0 +1,245 @@
+// A document is opened, edited, saved and closed.
+
+#include <gtest/gtest.h>
+
+#include "editor/Document.h"
+#include "editor/rtfscan/Scanners.h"
+#include "tests/laws/Dice.h"
+#include "tests/support/FakeFrame.h"
+#include "tests/support/MemoryTextControl.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace {
+
+using namespace std::string_literals;
+using platform::PromptAnswer;
+using platform::PromptButtons;
+using platform::PromptIcon;
+
+platform::MessageBox Critical(const std::string& text) {
+  return {text, "Quillmark", PromptButtons::Ok, PromptIcon::Critical, PromptAnswer::Ok};
+}
+
+class DocumentFileTest : public testing::Test {
+ protected:
+  const editor::DocumentState& State() const { return m_document.State(); }
+  std::string Open(const std::string& bytes) {
+    const std::string path = m_folder.Write("file.txt", bytes);
+    m_document.OpenFile(path);
+    return path;
+  }
+  void Append(const std::string& text) {
+    m_control.SetSelStart(m_control.Length());
+    m_control.SetSelText(text);
+  }
+
+  tests::TemporaryFolder m_folder;
+  tests::MemoryTextControl m_control;
+  tests::FakeFrame m_frame;
+  tests::FakeWindow m_window;
+  editor::Document m_document{m_control, m_frame, m_window};
+};
+
+TEST_F(DocumentFileTest, AnyFileSavedUntouchedIsTheSameFile) {
+  std::vector<std::string> files = {"",
+                                    "\r\n",
+                                    "one\r\ntwo\r\n",
+                                    "one\ntwo\n",
+                                    "one\rtwo\r",
+                                    "a\r\nb\nc\rd",
+                                    "a\n\r\n\r\r\n",
+                                    "no end",
+                                    "caf\xE9 \x80\x81\r\n",
+                                    "café Ω 😀\n",
+                                    "\xEF\xBB\xBFmark\r\n",
+                                    "\xEF\xBB\xBF",
+                                    "\xEF\xBB\xBF\xE9",
+                                    "nul\0in\0\n"s,
+                                    "\0"s,
+                                    "broken \xC3\n\xE2\x82",
+                                    "\x1A\x7F\t\\{}"};
+  laws::Dice dice(7);
+  const std::string lively = "ab \r\n\r\n\0\t\\\x80\xC3\xA9\xE2\x82\xAC\xEF\xBB\xBF\xF0\xFF"s;
+  for (int count = 0; count < 2000; ++count) {
+    files.emplace_back();
+    for (std::size_t size = dice.Below(40); size > 0; --size) files.back() += dice.Pick(lively);
+  }
+  for (const std::string& bytes : files) {
+    const std::string path = Open(bytes);
+    EXPECT_TRUE(State().Saved);
+    EXPECT_TRUE(m_document.SaveFile(path));
+    ASSERT_EQ(m_folder.Read("file.txt"), bytes);
+  }
+}
+
+TEST_F(DocumentFileTest, OpeningShowsTheFile) {
+  const std::string path = Open("one\ntwo\n");
+  EXPECT_EQ(State().CurFileName, path);
+  EXPECT_EQ(m_window.Title, "file.txt");
+  EXPECT_EQ(State().LineCount, 3u);
+  EXPECT_FALSE(State().DontChange);
+  EXPECT_GE(m_frame.TabUpdates, 1);
+  EXPECT_EQ(m_frame.Bar.Panels,
+            (decltype(m_frame.Bar.Panels){
+                {"CoOrds", "(Line 1, Col 1)"}, {"DocSize", "3 Lines"}, {"Template", "Using '<none>' Template"}}));
+}
+
+TEST_F(DocumentFileTest, AFileThatCannotBeReadGivesAnEmptyDocument) {
+  Open("before");
+  const std::string missing = m_folder.Path("missing.txt");
+  tests::FakeWindow window;
+  tests::MemoryTextControl control;
+  editor::Document fresh(control, m_frame, window);
+  m_frame.Questions.Expect(Critical("Could not read " + missing));
+  fresh.OpenFile(missing);
+  EXPECT_EQ(control.Text(), "");
+  EXPECT_EQ(fresh.State().CurFileName, "") << "nothing may be saved over a file that could not be read";
+  EXPECT_TRUE(fresh.State().Saved);
+  EXPECT_EQ(m_frame.Bar.Panels["DocSize"], "1 Line");
+}
+
+TEST_F(DocumentFileTest, SavingUnderANewName) {
+  m_document.SetTemplate(m_folder.Write("S.def", "N: Sample\nX: smp;sam\n"));
+  Append("text");
+  EXPECT_FALSE(State().Saved);
+  EXPECT_TRUE(m_frame.Enabled.at("save"));
+  m_frame.Questions.ExpectSaveFile("Save Script", "");
+  EXPECT_FALSE(m_document.SaveFile(""));
+  EXPECT_EQ(m_frame.AskedType, "Sample File|smp");
+  EXPECT_FALSE(State().Saved);
+  EXPECT_EQ(m_window.Title, "Untitled");
+
+  m_frame.Questions.ExpectSaveFile("Save Script", m_folder.Path("new.smp"));
+  const int updates = m_frame.TabUpdates;
+  EXPECT_TRUE(m_document.SaveFile(""));
+  EXPECT_EQ(m_folder.Read("new.smp"), "text") << "no line end is added";
+  EXPECT_EQ(State().CurFileName, m_folder.Path("new.smp"));
+  EXPECT_EQ(m_window.Title, "new.smp");
+  EXPECT_TRUE(State().Saved);
+  EXPECT_FALSE(m_frame.Enabled.at("save"));
+  EXPECT_GT(m_frame.TabUpdates, updates);
+}
+
+TEST_F(DocumentFileTest, ACharacterThatTheEncodingCannotHoldIsAskedAbout) {
+  const std::string path = Open("caf\xE9\n");
+  Append("Ω");
+  const platform::MessageBox question = {
+      "\"" + path +
+          "\" is encoded in Windows-1252, which cannot hold every character that the text has now.  "
+          "Save it in UTF-8 instead?",
+      "Quillmark", PromptButtons::YesNo, PromptIcon::Question, PromptAnswer::No};
+  m_frame.Questions.Expect(question, PromptAnswer::No);
+  EXPECT_FALSE(m_document.SaveFile(path));
+  EXPECT_EQ(m_folder.Read("file.txt"), "caf\xE9\n");
+  EXPECT_FALSE(State().Saved);
+  m_frame.Questions.Expect(question, PromptAnswer::Yes);
+  EXPECT_TRUE(m_document.SaveFile(path));
+  EXPECT_EQ(m_folder.Read("file.txt"), "café\nΩ");
+  Append("!");
+  EXPECT_TRUE(m_document.SaveFile(path)) << "asked once";
+  EXPECT_EQ(m_folder.Read("file.txt"), "café\nΩ!");
+}
+
+TEST_F(DocumentFileTest, AFailedSaveIsToldAndLosesNothing) {
+  m_folder.Write("locked/file", "old");
+  m_document.OpenFile(m_folder.Path("locked/file"));
+  Append("!");
+  m_folder.SetMode("locked", 0555);
+  m_folder.SetMode("locked/file", 0666);
+  const std::string gone = m_folder.Path("gone/file");
+  const tests::OrdinaryUser user;
+  m_frame.Questions.Expect(Critical("Could not save " + State().CurFileName + "\n\nPermission denied"));
+  EXPECT_FALSE(m_document.SaveFile(State().CurFileName));
+  m_frame.Questions.Expect(Critical("Could not save " + gone + "\n\nNo such file or directory"));
+  EXPECT_FALSE(m_document.SaveFile(gone));
+  EXPECT_FALSE(State().Saved);
+  EXPECT_EQ(State().CurFileName, m_folder.Path("locked/file"));
+  EXPECT_EQ(m_folder.Read("locked/file"), "old");
+  EXPECT_EQ(m_control.Text(), "old!");
+  EXPECT_TRUE(m_frame.Enabled.at("save"));
+}
+
+TEST_F(DocumentFileTest, Closing) {
+  const std::string path = Open("x");
+  EXPECT_TRUE(m_document.MayClose()) << "an unchanged document asks nothing";
+  const platform::MessageBox question = {"Save changes to file.txt before closing?", "Quillmark",
+                                         PromptButtons::YesNoCancel, PromptIcon::Question, PromptAnswer::Cancel};
+  Append("y");
+  m_frame.Questions.Expect(question, PromptAnswer::Cancel);
+  EXPECT_FALSE(m_document.MayClose());
+  EXPECT_EQ(m_window.Fronted, 1);
+  m_frame.Questions.Expect(question, PromptAnswer::No);
+  EXPECT_TRUE(m_document.MayClose());
+  EXPECT_EQ(m_folder.Read("file.txt"), "x");
+  m_frame.Questions.Expect(question, PromptAnswer::Yes);
+  EXPECT_TRUE(m_document.MayClose());
+  EXPECT_EQ(m_folder.Read("file.txt"), "xy");
+  EXPECT_TRUE(m_document.MayClose());
+
+  tests::MemoryTextControl control;
+  tests::FakeWindow window;
+  editor::Document untitled(control, m_frame, window);
+  control.SetSelText("new");
+  platform::MessageBox about = question;
+  about.Text = "Save changes to Untitled before closing?";
+  m_frame.Questions.Expect(about, PromptAnswer::Yes);
+  m_frame.Questions.ExpectSaveFile("Save Script", "");
+  EXPECT_FALSE(untitled.MayClose()) << "a cancelled chooser must not lose the text";
+}
+
+TEST_F(DocumentFileTest, StatusTextsFollowCaretAndSelection) {
+  Open("one\r\nd\xC3\xA9j\xC3\xA0 vu\nx");
+  auto& panels = m_frame.Bar.Panels;
+  m_control.SetSelStart(8);
+  EXPECT_EQ(panels["CoOrds"], "(Line 2, Col 3)") << "characters, not bytes";
+  m_control.SetSelLength(2);
+  EXPECT_EQ(panels["CoOrds"], "Selected: 1 line");
+  m_control.SetSelLength(9);
+  EXPECT_EQ(panels["CoOrds"], "Selected: 2 lines");
+  for (std::size_t start = 0; start < 5; ++start)
+    for (std::size_t end = start + 1; end < 6; ++end) {
+      if (start == 4 || end == 4) continue;  // between CR and LF
+      m_control.SetSelStart(start);
+      m_control.SetSelLength(end - start);
+      const std::size_t lines = editor::rtfscan::NumberOfLinesIn(m_control.SelRTF());
+      EXPECT_EQ(panels["CoOrds"], "Selected: " + std::to_string(lines) + (lines == 1 ? " line" : " lines"));
+    }
+  m_control.SetSelStart(m_control.Length());
+  m_control.Press(13);
+  m_control.Type("ab");
+  EXPECT_EQ(panels["CoOrds"], "(Line 4, Col 3)");
+  EXPECT_EQ(panels["DocSize"], "4 Lines");
+  EXPECT_FALSE(State().Saved);
+  m_control.SetSelStart(0);
+  m_control.SetSelLength(m_control.Length());
+  m_control.Press(46);
+  EXPECT_EQ(panels["DocSize"], "1 Line");
+}
+
+TEST_F(DocumentFileTest, CancellingStopsAColouringRunAlone) {
+  m_document.SetTemplate(m_folder.Write("S.def", "D: ()\nC: #0000FF\nL: if 0  1 True\n"), true);
+  EXPECT_FALSE(m_document.CancelColouring()) << "nothing to stop";
+  m_frame.Events.MillisecondsALook = 30;
+  int stopped = 0;
+  m_frame.Events.OnEvents = [&] {
+    EXPECT_TRUE(m_document.Busy());
+    stopped += m_document.CancelColouring();
+    EXPECT_FALSE(m_document.CancelColouring()) << "stopped already";
+  };
+  std::string text;
+  while (text.size() < 300'000) text += "if a\n";
+  m_frame.Known["txt"] = "S.def";
+  Open(text);
+  EXPECT_EQ(stopped, 1);
+  EXPECT_FALSE(m_document.Busy());
+  EXPECT_TRUE(State().Saved);
+  EXPECT_EQ(m_frame.Bar.Log.back(), "");
+}
+
+TEST_F(DocumentFileTest, DroppedFilesAreOpened) {
+  const std::string file = m_folder.Write("a.txt", "");
+  m_document.FilesDropped({m_folder.Path("missing"), file, m_folder.Path()});
+  EXPECT_EQ(m_frame.Opened, std::vector<std::string>{file});
+}
+
+}  // namespace

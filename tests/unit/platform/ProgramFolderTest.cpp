@@ -1,0 +1,79 @@
+#include "platform/ProgramFolder.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/TemporaryFolder.h"
+
+namespace {
+
+using namespace platform;
+using tests::OrdinaryUser;
+using tests::TemporaryFolder;
+
+class ProgramFolderTest : public testing::Test {
+ protected:
+  TemporaryFolder m_folder;
+  ProgramPlaces m_places{m_folder.Path("usr/bin/quillmark"), "", m_folder.Path("home/share")};
+};
+
+TEST_F(ProgramFolderTest, TheOverrideComesFirst) {
+  m_folder.Write("usr/bin/A.def", "");
+  m_places.Override = m_folder.Path("elsewhere");
+  EXPECT_EQ(FindProgramFolder(m_places, true), m_folder.Path("elsewhere"));
+  EXPECT_FALSE(std::filesystem::exists(m_folder.Path("home")));
+}
+
+TEST_F(ProgramFolderTest, APortableCopyMustHaveTemplatesAndBeWritable) {
+  m_folder.Write("usr/bin/readme", "");
+  EXPECT_EQ(FindProgramFolder(m_places, false), m_folder.Path("home/share/quillmark"));
+  m_folder.Write("usr/bin/a.DEF", "");
+  EXPECT_EQ(FindProgramFolder(m_places, false), m_folder.Path("usr/bin"));
+  m_folder.SetMode("usr/bin", 0555);
+  const OrdinaryUser user;
+  EXPECT_EQ(FindProgramFolder(m_places, false), m_folder.Path("home/share/quillmark"));
+}
+
+TEST_F(ProgramFolderTest, TheDataFolderIsFilledAndTheUsersFilesStay) {
+  m_folder.Write("usr/share/quillmark/A.def", "installed A");
+  m_folder.Write("usr/share/quillmark/A.hdf", "installed help");
+  m_folder.Write("usr/share/quillmark/B.def", "installed B");
+  m_folder.Write("usr/share/quillmark/other.txt", "");
+  const std::string own = m_folder.Path("home/share/quillmark");
+  EXPECT_EQ(InstalledFolder(m_places), m_folder.Path("usr/share/quillmark"));
+  EXPECT_EQ(FindProgramFolder(m_places, false), m_folder.Path("usr/share/quillmark")) << "nothing is made without fill";
+  EXPECT_FALSE(std::filesystem::exists(m_folder.Path("home")));
+
+  EXPECT_EQ(FindProgramFolder(m_places, true), own);
+  EXPECT_EQ(m_folder.Read("home/share/quillmark/A.hdf"), "installed help");
+  EXPECT_FALSE(std::filesystem::exists(own + "/other.txt"));
+  m_folder.Write("home/share/quillmark/B.def", "the user's B");
+  m_folder.Write("usr/share/quillmark/B.def", "a newer B");
+  m_folder.Write("usr/share/quillmark/C.def", "a new C");
+  EXPECT_EQ(FindProgramFolder(m_places, true), own);
+  EXPECT_EQ(m_folder.Read("home/share/quillmark/A.def"), "installed A");
+  EXPECT_EQ(m_folder.Read("home/share/quillmark/B.def"), "the user's B");
+  EXPECT_EQ(m_folder.Read("home/share/quillmark/C.def"), "a new C");
+  EXPECT_EQ(FindProgramFolder(m_places, false), own);
+}
+
+TEST_F(ProgramFolderTest, ABuildTreeFindsTheSources) {
+  m_folder.Write("data/templates/A.def", "");
+  std::filesystem::create_directories(m_folder.Path("build/bin"));
+  m_places.Executable = m_folder.Path("build/bin/quillmark");
+  EXPECT_EQ(InstalledFolder(m_places), m_folder.Path("data/templates"));
+  m_places.Executable = m_folder.Path("build/debug/bin/quillmark");
+  EXPECT_EQ(InstalledFolder(m_places), m_folder.Path("data/templates"));
+}
+
+TEST_F(ProgramFolderTest, ListsInOrderOfNamesWithoutRegardToCase) {
+  for (const char* name : {"b.def", "C.def", "A.DEF", "Ö.def", "ö2.def", "zz.defx", ".def", "\xFF.def"})
+    m_folder.Write(name, "");
+  m_folder.Write("folder.def/inside", "");
+  std::vector<std::string> expected;
+  for (const char* name : {".def", "A.DEF", "b.def", "C.def", "Ö.def", "ö2.def", "\xFF.def"})
+    expected.push_back(m_folder.Path(name));
+  EXPECT_EQ(ListFiles(m_folder.Path(), ".def"), expected);
+  EXPECT_EQ(ListFiles(m_folder.Path("missing"), ".def"), std::vector<std::string>{});
+}
+
+}  // namespace

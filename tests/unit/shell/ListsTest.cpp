@@ -1,0 +1,100 @@
+// Lists of templates, file types and tools.
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <set>
+
+#include "shell/FileFilters.h"
+#include "shell/TemplateList.h"
+#include "shell/ToolTable.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace {
+
+using namespace shell;
+
+TEST(TemplateList, OneRecordAFileAndTheFirstThatNamesAnExtension) {
+  const tests::TemporaryFolder folder;
+  folder.Write("b.def", "N: Second\nX: htm; HTML\n");
+  folder.Write("A.DEF", "X: html;js\nN: First\n");
+  folder.Write("c.def", "N: Third\nX: js\n");
+  folder.Write("no.txt", "N: None\nX: txt\n");
+  const std::vector<templates::Template> list = ReadTemplateList(folder.Path());
+  ASSERT_EQ(list.size(), 3u);
+  EXPECT_EQ(list[0].Name, "First");
+  EXPECT_EQ(list[1].Name, "Second");
+  EXPECT_EQ(list[1].FileName, folder.Path("b.def"));
+  const std::pair<const char*, const char*> cases[] = {
+      {"js", "A.DEF"}, {"JS", "A.DEF"}, {"html", "A.DEF"}, {"htm", "b.def"}, {"txt", ""}, {"", ""}, {"html;js", ""}};
+  for (const auto& [extension, file] : cases)
+    EXPECT_EQ(TemplateOfExtension(list, extension), *file ? folder.Path(file) : "") << extension;
+}
+
+TEST(TemplateList, PathsAreTakenApartAtBothSeparators) {
+  struct Case {
+    const char *Path, *Extension, *Name, *Folder;
+  };
+  const Case cases[] = {
+      {"", "", "", ""},
+      {"a.js", "js", "a.js", ""},
+      {"/x.y/readme", "y/readme", "readme", "/x.y/"},  // the last "." of the whole path counts
+      {"C:\\dir\\a.tar.gz", "gz", "a.tar.gz", "C:\\dir\\"},
+      {"a\\b/c.", "", "c.", "a\\b/"},
+      {"dir/", "", "", "dir/"},
+  };
+  for (const Case& c : cases) {
+    EXPECT_EQ(FileExtension(c.Path), c.Extension);
+    EXPECT_EQ(FileNameOf(c.Path), c.Name);
+    EXPECT_EQ(FolderOf(c.Path), c.Folder);
+  }
+}
+
+std::string Describe(const std::vector<platform::FileFilter>& filters) {
+  std::string all;
+  for (const platform::FileFilter& filter : filters) {
+    all += filter.Description + ':';
+    for (const std::string& pattern : filter.Patterns) all += ' ' + pattern;
+    all += '\n';
+  }
+  return all;
+}
+
+TEST(FileFilters, ListTypesThenAllFiles) {
+  EXPECT_EQ(Describe(FiltersFor("Script", "htm;;html;")), "Script: *.htm *.html\nAll Files: *.*\n");
+  EXPECT_EQ(Describe(FiltersFor("Script", "")), "All Files: *.*\n");
+  EXPECT_EQ(Describe(TemplateFilters({{"JS", "js;mjs", ""}, {"C", "c", ""}}, {{"", "x", ""}, {"", "y", ""}})),
+            "JS File: *.js *.mjs\nC File: *.c\nOthers: *.x *.y\nAll Files: *.*\n");
+  EXPECT_EQ(Describe(TemplateFilters({}, {})), "All Files: *.*\n");
+}
+
+TEST(ToolTable, EveryToolIsOneToolAndHasItsOwnShortcuts) {
+  std::vector<Band> bands = MenuBands();
+  bands.push_back(TextPopup());
+  std::map<std::string, Tool> byName;
+  std::map<std::string, std::string> byShortcut;
+  std::set<std::string> bandNames;
+  for (const Band& band : bands) {
+    EXPECT_TRUE(bandNames.emplace(band.Name).second) << band.Name;
+    std::set<std::string> onBand;
+    for (const Tool& tool : band.Tools) {
+      if (tool.Name == Separator) continue;
+      const std::string name(tool.Name);
+      EXPECT_TRUE(onBand.insert(name).second) << name << " twice on " << band.Name;
+      EXPECT_FALSE(tool.Caption.empty() || tool.Description.empty()) << name;
+      const Tool& first = byName.emplace(name, tool).first->second;
+      EXPECT_EQ(first.Shortcut, tool.Shortcut) << name;
+      EXPECT_EQ(first.Checkable, tool.Checkable) << name;
+      std::string_view rest = tool.Shortcut;
+      while (!rest.empty()) {
+        const std::string_view one = rest.substr(0, rest.find(", "));
+        const auto owner = byShortcut.emplace(one, name).first;
+        EXPECT_EQ(owner->second, name) << one;
+        rest.remove_prefix(std::min(rest.size(), one.size() + 2));
+      }
+    }
+  }
+  EXPECT_GE(byName.size(), 10u);
+}
+
+}  // namespace

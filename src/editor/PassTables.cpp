@@ -160,10 +160,11 @@ std::size_t Mix(std::uint64_t key) {
 
 }  // namespace
 
-Trie::Trie() : m_words{NoWord}, m_edges(16) {}
+Trie::Trie() : m_words{NoWord}, m_rowOf{0}, m_edges(16) {}
 
 std::uint32_t Trie::Child(std::uint32_t node, unsigned char byte) const {
   if (node == 0) return m_root[byte];
+  if (m_rowOf[node] != 0) return m_secondLevel[m_rowOf[node] - 1][byte];
   const std::uint64_t key = (std::uint64_t{node} << 8 | byte) + 1;
   for (std::size_t slot = Mix(key);; ++slot) {
     const Edge& edge = m_edges[slot & (m_edges.size() - 1)];
@@ -173,8 +174,16 @@ std::uint32_t Trie::Child(std::uint32_t node, unsigned char byte) const {
 }
 
 void Trie::AddChild(std::uint32_t node, unsigned char byte, std::uint32_t child) {
+  m_words.push_back(NoWord);
+  m_rowOf.push_back(0);
   if (node == 0) {
     m_root[byte] = child;
+    m_secondLevel.emplace_back();
+    m_rowOf[child] = static_cast<std::uint32_t>(m_secondLevel.size());
+    return;
+  }
+  if (m_rowOf[node] != 0) {
+    m_secondLevel[m_rowOf[node] - 1][byte] = child;
     return;
   }
   if ((m_edgeCount + 1) * 2 > m_edges.size()) Grow();
@@ -203,7 +212,6 @@ void Trie::Add(std::string_view folded, std::uint32_t word) {
     std::uint32_t child = Child(node, byte);
     if (child == 0) {
       child = static_cast<std::uint32_t>(m_words.size());
-      m_words.push_back(NoWord);
       AddChild(node, byte, child);
     }
     node = child;
@@ -269,7 +277,7 @@ std::uint32_t TokenTable::Find(const Folding& folding, const std::vector<PassWor
     return Probe(Hash(folded, 0, folded.size()), folded, words);
   }
   const std::size_t length = end - start;
-  if ((m_lengths[static_cast<unsigned char>(text[start])] >> std::min<std::size_t>(length, 63) & 1) == 0) return NoWord;
+  if (!MayHave(static_cast<unsigned char>(text[start]), length)) return NoWord;
   for (std::size_t slot = Hash(text, start, length);; ++slot) {
     const std::uint32_t word = m_slots[slot & (m_slots.size() - 1)];
     if (word == NoWord) return NoWord;
@@ -337,12 +345,25 @@ void PassTables::SetKinds() {
     if (starts && !delimeter) AnywhereInTokens = true;
   }
   Kinds['\r'] = Kinds['\n'] = ByteKind::LineEnd;
+  for (unsigned byte = 0; byte < 0x80; ++byte) {
+    TokenBytes[byte] = Kinds[byte] == ByteKind::Token || Kinds[byte] == ByteKind::TrieToken;
+    BlankBytes[byte] = Kinds[byte] == ByteKind::Delimeter || Kinds[byte] == ByteKind::LineEnd;
+  }
+  SetPairs();
   for (unsigned byte = 0x80; byte < 0x100; ++byte) {
     Kinds[byte] = ByteKind::Wide;
     if (Anywhere.StartsWith(static_cast<unsigned char>(byte))) AnywhereInTokens = true;
   }
   // Two characters outside ASCII have these letters as their lower case.
   if (!Fold.CaseSensitive() && (Anywhere.StartsWith('i') || Anywhere.StartsWith('k'))) AnywhereInTokens = true;
+}
+
+void PassTables::SetPairs() {
+  const auto folded = [&](unsigned byte) { return static_cast<unsigned char>(Fold.Fold(char32_t{byte})); };
+  for (unsigned first = 0; first < 0x80; ++first)
+    for (unsigned second = 0; second < 0x80; ++second)
+      if (Anywhere.StartsWith(folded(first), folded(second)))
+        m_pairs[first][second / 64] |= std::uint64_t{1} << (second % 64);
 }
 
 }  // namespace editor

@@ -5,6 +5,7 @@
 // in a hash table. All other words (those that hold a delimiter, and those whose letters in another case are
 // delimiters) may start at any character: they are followed through a trie.
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -124,6 +125,11 @@ class Trie {
   /// Adds a word; of equal words the one added first stays.
   void Add(std::string_view folded, std::uint32_t word);
   bool Empty() const { return m_words.size() == 1; }
+  /// Whether a word may begin with these two bytes of folded text; a word of the first alone counts.
+  bool StartsWith(unsigned char first, unsigned char second) const {
+    const std::uint32_t child = m_root[first];
+    return child != 0 && (m_words[child] != NoWord || m_secondLevel[m_rowOf[child] - 1][second] != 0);
+  }
   /// Whether a word begins with this byte of folded text.
   bool StartsWith(unsigned char byte) const { return m_root[byte] != 0; }
 
@@ -141,8 +147,12 @@ class Trie {
     std::uint64_t Key = 0;  ///< node × 256 + byte + 1; 0 is a free slot
     std::uint32_t Child = 0;
   };
-  std::array<std::uint32_t, 256> m_root{};
+  using Row = std::array<std::uint32_t, 256>;  ///< child by byte, 0 for none
+
+  Row m_root{};
+  std::vector<Row> m_secondLevel;      ///< by the root's child: most places where a word might begin are given up here
   std::vector<std::uint32_t> m_words;  ///< by node; node 0 is the root
+  std::vector<std::uint32_t> m_rowOf;  ///< by node: its row in m_secondLevel plus 1, 0 for nodes further down
   std::vector<Edge> m_edges;           ///< open addressing, a power of two
   std::size_t m_edgeCount = 0;
 };
@@ -152,7 +162,11 @@ class TokenTable {
  public:
   explicit TokenTable(bool caseSensitive) : m_caseSensitive(caseSensitive) {}
   void Build(const std::vector<PassWord>& words, const std::vector<std::uint32_t>& tokens);
-  bool Empty() const { return m_slots.empty(); }
+
+  /// Whether a word of `length` bytes may begin with `first`; false tells surely, for tokens of ASCII alone.
+  bool MayHave(unsigned char first, std::size_t length) const {
+    return (m_lengths[first] >> std::min<std::size_t>(length, 63) & 1) != 0;
+  }
 
   /// The word of the token [start, end), or NoWord.
   std::uint32_t Find(const Folding& folding, const std::vector<PassWord>& words, std::string_view text,
@@ -179,6 +193,14 @@ struct PassTables {
   std::vector<PassWord> Words;  ///< in template order
   TokenTable Tokens;
   Trie Anywhere;
+
+  // For skimming over what cannot begin a word.
+  std::array<bool, 256> TokenBytes{};  ///< ASCII that is no delimiter and no line end
+  std::array<bool, 256> BlankBytes{};  ///< delimiters and line ends that begin no word
+  /// Whether a word of the trie may begin with the delimiter `first` before `second`.
+  bool MayStart(unsigned char first, unsigned char second) const {
+    return second >= 0x80 || (m_pairs[first][second / 64] >> (second % 64) & 1) != 0;
+  }
   bool AnywhereInTokens = false;  ///< a word of the trie may start inside a token
   std::array<ByteKind, 256> Kinds{};
 
@@ -190,6 +212,9 @@ struct PassTables {
   void AddWord(const templates::colWord& word, std::vector<std::uint32_t>& tokens);
   bool IsWholeToken(const std::string& folded) const;
   void SetKinds();
+  void SetPairs();
+
+  std::array<std::array<std::uint64_t, 2>, 128> m_pairs{};  ///< bits by first and second byte
 };
 
 template <typename Found>

@@ -1,5 +1,7 @@
 #include "editor/WholePass.h"
 
+#include <algorithm>
+
 #include "rich_text/Encoding.h"
 
 namespace editor {
@@ -38,33 +40,27 @@ bool WholePass::IsDelimeterAt(std::size_t offset, ByteKind kind) const {
 
 std::size_t WholePass::TokenEnd(std::size_t start, bool& ascii) const {
   std::size_t i = start;
-  for (ascii = true; i < m_text.size();) {
-    switch (m_tables.Kinds[static_cast<unsigned char>(m_text[i])]) {
-      case ByteKind::Token:
-      case ByteKind::TrieToken:
-        ++i;
-        break;
-      case ByteKind::Wide: {
-        const rich_text::CodePoint point = rich_text::CodePointAt(m_text, i);
-        if (m_tables.Delimeters.Has(point.Value)) return i;
-        ascii = false;
-        i += point.Bytes;
-        break;
-      }
-      default:
-        return i;
-    }
+  for (ascii = true;;) {
+    while (i < m_text.size() && m_tables.TokenBytes[static_cast<unsigned char>(m_text[i])]) ++i;
+    if (i == m_text.size() || m_tables.Kinds[static_cast<unsigned char>(m_text[i])] != ByteKind::Wide) return i;
+    const rich_text::CodePoint point = rich_text::CodePointAt(m_text, i);
+    if (m_tables.Delimeters.Has(point.Value)) return i;
+    ascii = false;
+    i += point.Bytes;
   }
-  return i;
 }
 
 WholePass::Found WholePass::AtToken(std::size_t start, bool behindDelimeter, std::size_t& tokenEnd) const {
   bool ascii = true;
   tokenEnd = TokenEnd(start, ascii);
   if (!behindDelimeter || tokenEnd == start) return {};
-  const std::uint32_t word = m_tables.Tokens.Find(m_tables.Fold, m_tables.Words, m_text, start, tokenEnd, ascii);
-  if (word == TokenTable::NoWord || !m_tables.Delimeters.HasAt(m_text, tokenEnd)) return {};
-  return {word, start, tokenEnd};
+  return TokenFound(start, tokenEnd, ascii);
+}
+
+WholePass::Found WholePass::TokenFound(std::size_t start, std::size_t end, bool ascii) const {
+  const std::uint32_t word = m_tables.Tokens.Find(m_tables.Fold, m_tables.Words, m_text, start, end, ascii);
+  if (word == TokenTable::NoWord || !m_tables.Delimeters.HasAt(m_text, end)) return {};
+  return {word, start, end};
 }
 
 void WholePass::AtTrie(std::size_t start, bool behindDelimeter, Found& best) const {
@@ -75,25 +71,53 @@ void WholePass::AtTrie(std::size_t start, bool behindDelimeter, Found& best) con
   });
 }
 
+// Most of a text begins no word; this loop is where the time of a pass goes.
+std::size_t WholePass::Skim(std::size_t from, Found& found) const {
+  const auto* text = reinterpret_cast<const unsigned char*>(m_text.data());
+  const std::size_t size = std::min(m_text.size(), m_nextReport);
+  std::size_t i = from;
+  while (i < size) {
+    const unsigned char byte = text[i];
+    if (m_tables.BlankBytes[byte]) {
+      ++i;
+    } else if (m_tables.TokenBytes[byte]) {
+      const std::size_t start = i;
+      while (++i < m_text.size() && m_tables.TokenBytes[text[i]]) {
+      }
+      if (i < m_text.size() && text[i] >= 0x80) return start;  // perhaps it goes on
+      if (!m_tables.Tokens.MayHave(byte, i - start)) continue;
+      found = TokenFound(start, i, true);
+      if (found.Word != TokenTable::NoWord) return start;
+    } else if (byte < 0x80 && i + 1 < m_text.size() && !m_tables.MayStart(byte, text[i + 1])) {
+      ++i;
+    } else {
+      return i;
+    }
+  }
+  return i;
+}
+
 std::optional<WholePass::Found> WholePass::FindNext(UnitPosition from) {
   std::size_t i = from.Offset;
-  bool behind = from.BehindSpace ? m_tables.Delimeters.Has(' ') : m_tables.Delimeters.HasBefore(m_text, i);
+  const bool behindLineEnd = m_tables.Delimeters.Has(' ');
+  const bool skims = behindLineEnd && !m_tables.AnywhereInTokens;
+  bool behind = from.BehindSpace ? behindLineEnd : m_tables.Delimeters.HasBefore(m_text, i);
   while (i < m_text.size()) {
     if (i >= m_nextReport && !GoesOn(i)) return std::nullopt;
-    const ByteKind kind = m_tables.Kinds[static_cast<unsigned char>(m_text[i])];
-    if (kind == ByteKind::LineEnd) {
-      i += rich_text::LineEndLength(m_text, i);
-      behind = m_tables.Delimeters.Has(' ');
-      continue;
+    Found best;
+    if (skims && behind) {
+      i = Skim(i, best);
+      if (best.Word != TokenTable::NoWord) return best;
+      if (i >= m_text.size() || i >= m_nextReport) continue;
     }
-    if (kind == ByteKind::Delimeter) {
+    const ByteKind kind = m_tables.Kinds[static_cast<unsigned char>(m_text[i])];
+    if (kind == ByteKind::LineEnd || kind == ByteKind::Delimeter) {
       ++i;
-      behind = true;
+      behind = kind == ByteKind::Delimeter || behindLineEnd;
       continue;
     }
     const bool isDelimeter = IsDelimeterAt(i, kind);
     std::size_t tokenEnd = i;
-    Found best;
     if (!isDelimeter && (behind || !m_tables.AnywhereInTokens)) best = AtToken(i, behind, tokenEnd);
     if (kind != ByteKind::Token && !m_tables.Anywhere.Empty()) AtTrie(i, behind, best);
     if (best.Word != TokenTable::NoWord) return best;

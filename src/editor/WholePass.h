@@ -30,6 +30,10 @@ class WholePass {
   Found AtToken(std::size_t start, bool behindDelimeter, std::size_t& tokenEnd) const;
   void AtTrie(std::size_t start, bool behindDelimeter, Found& best) const;
   bool IsDelimeterAt(std::size_t offset, ByteKind kind) const;
+  Found TokenFound(std::size_t start, std::size_t end, bool ascii) const;
+  /// Goes on from a place behind a delimiter to where a word of the trie or a token beyond ASCII may begin, or to the
+  /// word that it finds on the way.
+  std::size_t Skim(std::size_t from, Found& found) const;
   std::size_t TokenEnd(std::size_t start, bool& ascii) const;
   bool GoesOn(std::size_t done);
 

@@ -1,5 +1,7 @@
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <cstring>
 #include <optional>
 #include <unordered_set>
 #include <utility>
@@ -17,6 +19,25 @@ constexpr std::array<bool, 256> MakeTextBytes() {
   return plain;
 }
 constexpr std::array<bool, 256> TextBytes = MakeTextBytes();
+
+/// Whether all of eight bytes are text. Some others are taken for codes, which only costs time.
+bool IsTextBlock(const char* bytes) {
+  constexpr std::uint64_t Each = 0x0101010101010101U, High = Each * 0x80;
+  std::uint64_t block;
+  std::memcpy(&block, bytes, sizeof block);
+  const std::uint64_t control = block - Each * 0x20;
+  const std::uint64_t aboveZ = block + Each * (0x80 - 0x7B);
+  const std::uint64_t backslash = (block ^ Each * '\\') - Each;
+  return ((block | control | aboveZ | backslash) & High) == 0;
+}
+
+/// The end of the text stretch at `from`.
+std::size_t SkipText(std::string_view rtf, std::size_t from) {
+  std::size_t i = from;
+  while (i + 8 <= rtf.size() && IsTextBlock(rtf.data() + i)) i += 8;
+  while (i < rtf.size() && TextBytes[static_cast<unsigned char>(rtf[i])]) ++i;
+  return i;
+}
 
 bool IsLetter(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
@@ -53,6 +74,9 @@ char32_t CharacterOfWord(std::string_view word) {
   if (word == "bullet") return 0x2022;
   return 0;
 }
+
+/// How the writer of controls switches a colour off, or begins to switch to another one, behind the backslash.
+constexpr std::string_view PlainSwitch = "plain\\f0\\fs20";
 
 class Reader {
  public:
@@ -100,6 +124,12 @@ class Reader {
         Control();
         break;
       case '\r':
+        // The writers' own line end, by far the most frequent.
+        if (m_rtf.compare(m_at, 6, "\n\\par ") == 0) {
+          m_at += 6;
+          LineBreak(true);
+        }
+        break;
       case '\n':
         break;
       default:
@@ -113,7 +143,7 @@ class Reader {
       --m_skip, ++m_at;
       return;
     }
-    while (m_at < m_rtf.size() && TextBytes[static_cast<unsigned char>(m_rtf[m_at])]) ++m_at;
+    m_at = SkipText(m_rtf, m_at);
     const std::string_view stretch = m_rtf.substr(start, m_at - start);
     if (m_group.Where == Destination::ColourTable) {
       for (const char c : stretch)
@@ -127,6 +157,7 @@ class Reader {
   void Control() {
     if (m_at >= m_rtf.size()) return;
     const char c = m_rtf[m_at];
+    if (c == 'p' && TakePlainSwitch()) return;
     if (IsLetter(c)) return ControlWord();
     ++m_at;
     switch (c) {
@@ -148,6 +179,16 @@ class Reader {
         return Character(static_cast<unsigned char>(c) < 0x80 ? static_cast<unsigned char>(c)
                                                               : FromWindows1252(static_cast<unsigned char>(c)));
     }
+  }
+
+  /// Reads the writer's own switch in one step, if it stands here.
+  bool TakePlainSwitch() {
+    if (m_rtf.compare(m_at, PlainSwitch.size(), PlainSwitch) != 0) return false;
+    const std::size_t end = m_at + PlainSwitch.size();
+    if (end >= m_rtf.size() || (m_rtf[end] != ' ' && m_rtf[end] != '\\')) return false;
+    m_at = m_rtf[end] == ' ' ? end + 1 : end;
+    m_group.Colour = 0;
+    return true;
   }
 
   void HexCharacter() {

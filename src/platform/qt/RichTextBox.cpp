@@ -109,6 +109,7 @@ void RichTextBox::TellLater() {
 /// byte touched to the last.
 void RichTextBox::NoteReplacement(std::size_t start, std::size_t end, std::size_t inserted) {
   m_modified = true;
+  m_knowsPainted = false;
   if (m_change == std::nullopt) {
     m_change = TextChange{start, m_events != nullptr ? TextRange(start, end) : std::string(), inserted};
     return;
@@ -184,7 +185,7 @@ void RichTextBox::SetText(std::string_view text) {
       Send(SCI_ALLOCATE, text.size() + text.size() / 64 + SpareBytes);
       SendScintilla(SCI_APPENDTEXT, text.size(), text.data());
     }
-    m_coloured = false;
+    m_coloured = m_knowsPainted = false;
     m_styles.Clear();
     Send(SCI_SETSCROLLWIDTH, 1);
     Send(SCI_GOTOPOS, 0);

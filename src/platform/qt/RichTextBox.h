@@ -144,6 +144,7 @@ class RichTextBox final : public QsciScintillaBase, public TextControl {
   };
   ByteRange RangeOfLines(std::size_t first, std::size_t last) const;
 
+  ByteRange DifferenceFromPainted(const std::vector<rich_text::ColourRun>& runs) const;
   rich_text::StyledText Styled(std::size_t start, std::size_t end) const;
   void AppendRuns(std::vector<rich_text::ColourRun>& runs, std::size_t start, std::size_t end) const;
   std::vector<std::uint8_t> StylesFor(const std::vector<rich_text::ColourValue>& colours,
@@ -169,7 +170,9 @@ class RichTextBox final : public QsciScintillaBase, public TextControl {
 
   TextControlEvents* m_events = nullptr;
   ColourStyles m_styles;
-  bool m_coloured = false;  ///< some byte may have a style
+  bool m_coloured = false;                      ///< some byte may have a style
+  std::vector<rich_text::ColourRun> m_painted;  ///< what the whole text was given last, colours as places of m_styles
+  bool m_knowsPainted = false;                  ///< whether the text still has just these colours
   std::string m_lineEnd = "\r\n";
   std::string m_rtfFont;
   FontRecord m_font;

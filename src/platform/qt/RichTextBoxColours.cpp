@@ -1,7 +1,8 @@
 // How the text control keeps its colours: as style bytes of the editing component.
 
 #include <algorithm>
-#include <cstring>
+#include <iterator>
+#include <utility>
 
 #include "platform/qt/RichTextBox.h"
 
@@ -11,7 +12,7 @@ namespace {
 using rich_text::ColourRun;
 using rich_text::ColourValue;
 
-constexpr std::size_t ReadChunk = 64 * 1024, WriteChunk = 1024 * 1024;
+constexpr std::size_t ReadChunk = 64 * 1024;
 
 }  // namespace
 
@@ -20,7 +21,10 @@ rich_text::StyledText RichTextBox::Styled(std::size_t start, std::size_t end) co
   AppendRange(styled.Text, start, end);
   if (!m_coloured) return styled;
   styled.Colours = m_styles.Colours();
-  AppendRuns(styled.Runs, start, end);
+  if (m_knowsPainted && start == 0 && end == Length())
+    styled.Runs = m_painted;
+  else
+    AppendRuns(styled.Runs, start, end);
   return styled;
 }
 
@@ -54,7 +58,10 @@ std::vector<std::uint8_t> RichTextBox::StylesFor(const std::vector<ColourValue>&
   std::vector<ColourValue> used;
   for (std::size_t i = 0; i < colours.size(); ++i)
     if (isUsed[i]) used.push_back(colours[i]);
-  if (wholeText && !m_styles.HasRoomFor(used)) m_styles.Clear();
+  if (wholeText && !m_styles.HasRoomFor(used)) {
+    m_styles.Clear();
+    m_knowsPainted = false;
+  }
   const std::size_t known = m_styles.Colours().size();
   std::vector<std::uint8_t> styles(colours.size(), 0);
   for (std::size_t i = 0; i < colours.size(); ++i)
@@ -65,28 +72,47 @@ std::vector<std::uint8_t> RichTextBox::StylesFor(const std::vector<ColourValue>&
 
 void RichTextBox::SetColours(const std::vector<ColourValue>& colours, const std::vector<ColourRun>& runs) {
   if (!m_coloured && runs.empty()) return;
-  PaintRuns(0, Length(), runs, StylesFor(colours, runs, true));
+  const std::vector<std::uint8_t> styles = StylesFor(colours, runs, true);
+  std::vector<ColourRun> painted = runs;
+  for (ColourRun& run : painted) run.Colour = ColourStyles::PlaceOf(styles[run.Colour - 1]);
+  const auto [start, end] = DifferenceFromPainted(painted);
+  if (start < end) PaintRuns(start, end, runs, styles);
   m_coloured = !runs.empty();
+  m_painted = std::move(painted);
+  m_knowsPainted = true;
 }
 
+/// The stretch outside of which the runs are those on the screen.
+RichTextBox::ByteRange RichTextBox::DifferenceFromPainted(const std::vector<ColourRun>& runs) const {
+  if (!m_knowsPainted) return {0, Length()};
+  const auto [first, firstOld] = std::mismatch(runs.begin(), runs.end(), m_painted.begin(), m_painted.end());
+  if (first == runs.end() && firstOld == m_painted.end()) return {0, 0};
+  const auto last = std::mismatch(runs.rbegin(), std::make_reverse_iterator(first), m_painted.rbegin(),
+                                  std::make_reverse_iterator(firstOld))
+                        .first;
+  return {first == runs.begin() ? 0 : std::prev(first)->End, last == runs.rbegin() ? Length() : std::prev(last)->Start};
+}
+
+// One call a stretch: the call that takes a byte for each character costs several times as much.
 void RichTextBox::PaintRuns(std::size_t start, std::size_t end, const std::vector<ColourRun>& runs,
                             const std::vector<std::uint8_t>& styles) {
-  std::string bytes;
-  auto run = runs.begin();
-  for (std::size_t from = start; from < end; from += WriteChunk) {
-    const std::size_t to = std::min(end, from + WriteChunk);
-    bytes.assign(to - from, '\0');
-    bool any = m_coloured;
-    for (; run != runs.end() && run->Start < to; ++run) {
-      any = true;
-      const std::size_t runEnd = std::min(run->End, to), runStart = std::max(run->Start, from);
-      std::memset(bytes.data() + (runStart - from), styles[run->Colour - 1], runEnd - runStart);
-      if (run->End > to) break;
-    }
-    if (!any) continue;
-    Send(SCI_STARTSTYLING, from);
-    SendScintilla(SCI_SETSTYLINGEX, to - from, bytes.data());
+  m_knowsPainted = false;
+  Send(SCI_STARTSTYLING, start);
+  std::size_t done = start;
+  const auto leavePlain = [&](std::size_t to) {
+    if (to <= done) return;
+    m_coloured ? Send(SCI_SETSTYLING, to - done, 0) : Send(SCI_STARTSTYLING, to);
+    done = to;
+  };
+  for (const ColourRun& run : runs) {
+    const std::size_t from = std::max(run.Start, done), to = std::min(run.End, end);
+    if (from >= end) break;
+    if (to <= from) continue;
+    leavePlain(from);
+    Send(SCI_SETSTYLING, to - from, styles[run.Colour - 1]);
+    done = to;
   }
+  leavePlain(end);
   Send(SCI_STARTSTYLING, Length());
   m_coloured = m_coloured || !runs.empty();
 }

@@ -1,13 +1,12 @@
 #include <algorithm>
 #include <array>
-#include <cstdint>
-#include <cstring>
 #include <optional>
 #include <unordered_set>
 #include <utility>
 
 #include "rich_text/Encoding.h"
 #include "rich_text/Rtf.h"
+#include "rich_text/RtfBytes.h"
 
 namespace rich_text {
 namespace {
@@ -19,25 +18,6 @@ constexpr std::array<bool, 256> MakeTextBytes() {
   return plain;
 }
 constexpr std::array<bool, 256> TextBytes = MakeTextBytes();
-
-/// Whether all of eight bytes are text. Some others are taken for codes, which only costs time.
-bool IsTextBlock(const char* bytes) {
-  constexpr std::uint64_t Each = 0x0101010101010101U, High = Each * 0x80;
-  std::uint64_t block;
-  std::memcpy(&block, bytes, sizeof block);
-  const std::uint64_t control = block - Each * 0x20;
-  const std::uint64_t aboveZ = block + Each * (0x80 - 0x7B);
-  const std::uint64_t backslash = (block ^ Each * '\\') - Each;
-  return ((block | control | aboveZ | backslash) & High) == 0;
-}
-
-/// The end of the text stretch at `from`.
-std::size_t SkipText(std::string_view rtf, std::size_t from) {
-  std::size_t i = from;
-  while (i + 8 <= rtf.size() && IsTextBlock(rtf.data() + i)) i += 8;
-  while (i < rtf.size() && TextBytes[static_cast<unsigned char>(rtf[i])]) ++i;
-  return i;
-}
 
 bool IsLetter(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
@@ -143,7 +123,7 @@ class Reader {
       --m_skip, ++m_at;
       return;
     }
-    m_at = SkipText(m_rtf, m_at);
+    m_at = SkipBytes(m_rtf, m_at, TextBytes);
     const std::string_view stretch = m_rtf.substr(start, m_at - start);
     if (m_group.Where == Destination::ColourTable) {
       for (const char c : stretch)
@@ -158,6 +138,7 @@ class Reader {
     if (m_at >= m_rtf.size()) return;
     const char c = m_rtf[m_at];
     if (c == 'p' && TakePlainSwitch()) return;
+    if (c == 'c' && TakeColourSwitch()) return;
     if (IsLetter(c)) return ControlWord();
     ++m_at;
     switch (c) {
@@ -188,6 +169,18 @@ class Reader {
     if (end >= m_rtf.size() || (m_rtf[end] != ' ' && m_rtf[end] != '\\')) return false;
     m_at = m_rtf[end] == ' ' ? end + 1 : end;
     m_group.Colour = 0;
+    return true;
+  }
+
+  /// Reads "cf" with a number of one or two digits and its space in one step, if it stands here.
+  bool TakeColourSwitch() {
+    if (m_rtf.size() - m_at < 5 || m_rtf[m_at + 1] != 'f' || !IsDigit(m_rtf[m_at + 2])) return false;
+    int number = m_rtf[m_at + 2] - '0';
+    std::size_t end = m_at + 3;
+    if (IsDigit(m_rtf[end])) number = number * 10 + (m_rtf[end++] - '0');
+    if (end >= m_rtf.size() || m_rtf[end] != ' ') return false;
+    m_at = end + 1;
+    m_group.Colour = ColourNumber(number);
     return true;
   }
 
@@ -309,7 +302,10 @@ class Reader {
   void Append(char32_t character) {
     if (m_group.Where != Destination::Text) return;
     BeginText();
-    AppendUtf8(m_out.Text, character);
+    if (character < 0x80)
+      m_out.Text.push_back(static_cast<char>(character));
+    else
+      AppendUtf8(m_out.Text, character);
   }
 
   void BeginText() {

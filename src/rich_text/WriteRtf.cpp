@@ -1,10 +1,10 @@
 #include <array>
 #include <cstdint>
-#include <cstring>
 #include <unordered_map>
 
 #include "rich_text/Encoding.h"
 #include "rich_text/Rtf.h"
+#include "rich_text/RtfBytes.h"
 
 namespace rich_text {
 namespace {
@@ -19,25 +19,6 @@ constexpr std::array<bool, 256> MakePlainBytes() {
   return plain;
 }
 constexpr std::array<bool, 256> PlainBytes = MakePlainBytes();
-
-/// Whether all of eight bytes are plain; some plain bytes above "z" are taken for others, which only costs time.
-bool IsPlainBlock(const char* bytes) {
-  constexpr std::uint64_t Each = 0x0101010101010101U, High = Each * 0x80;
-  std::uint64_t block;
-  std::memcpy(&block, bytes, sizeof block);
-  const std::uint64_t control = block - Each * 0x20;
-  const std::uint64_t aboveZ = block + Each * (0x80 - 0x7B);
-  const std::uint64_t backslash = (block ^ Each * '\\') - Each;
-  return ((block | control | aboveZ | backslash) & High) == 0;
-}
-
-/// The end of the plain stretch at `from`.
-std::size_t SkipPlain(std::string_view text, std::size_t from) {
-  std::size_t i = from;
-  while (i + 8 <= text.size() && IsPlainBlock(text.data() + i)) i += 8;
-  while (i < text.size() && PlainBytes[static_cast<unsigned char>(text[i])]) ++i;
-  return i;
-}
 
 void AppendHex(std::string& rtf, unsigned char byte) {
   constexpr std::string_view Digits = "0123456789abcdef";
@@ -130,7 +111,7 @@ void AppendColourEntry(std::string& rtf, ColourValue colour) {
 void AppendRtfText(std::string& rtf, std::string_view text) {
   for (std::size_t i = 0; i < text.size();) {
     const std::size_t start = i;
-    i = SkipPlain(text, i);
+    i = SkipBytes(text, i, PlainBytes);
     rtf.append(text, start, i - start);
     if (i == text.size()) return;
     if (const std::size_t lineEnd = LineEndLength(text, i)) {

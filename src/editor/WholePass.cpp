@@ -78,7 +78,10 @@ std::size_t WholePass::Skim(std::size_t from, Found& found) const {
   std::size_t i = from;
   while (i < size) {
     const unsigned char byte = text[i];
-    if (m_tables.BlankBytes[byte]) {
+    const bool startsNothing =
+        m_tables.BlankBytes[byte] ||
+        (!m_tables.TokenBytes[byte] && byte < 0x80 && i + 1 < m_text.size() && !m_tables.MayStart(byte, text[i + 1]));
+    if (startsNothing) {
       ++i;
     } else if (m_tables.TokenBytes[byte]) {
       const std::size_t start = i;
@@ -88,8 +91,6 @@ std::size_t WholePass::Skim(std::size_t from, Found& found) const {
       if (!m_tables.Tokens.MayHave(byte, i - start)) continue;
       found = TokenFound(start, i, true);
       if (found.Word != TokenTable::NoWord) return start;
-    } else if (byte < 0x80 && i + 1 < m_text.size() && !m_tables.MayStart(byte, text[i + 1])) {
-      ++i;
     } else {
       return i;
     }

@@ -22,9 +22,8 @@ class DocumentFrame {
   virtual platform::EventLoop& Loop() = 0;
   virtual const settings::Settings& Settings() const = 0;
 
-  /// The frame's file choosers: a title, a type's name and extension ("js", or several as in "htm;html"). "" when
-  /// cancelled.
-  virtual std::string GetOpenFile(std::string_view title, std::string_view extName, std::string_view ext) = 0;
+  /// The frame's chooser of a file to write: a title, a type's name and extension ("js", or several as in "htm;html").
+  /// "" when cancelled.
   virtual std::string GetSaveFile(std::string_view title, std::string_view extName, std::string_view ext) = 0;
   /// The template file chosen by the user, looked for in the program folder; "" when cancelled.
   virtual std::string AskTemplate() = 0;

@@ -61,13 +61,12 @@ class FakeFrame : public editor::DocumentFrame {
   platform::Prompts& Prompts() override { return Questions; }
   platform::EventLoop& Loop() override { return Events; }
   const settings::Settings& Settings() const override { return Values; }
-  std::string GetOpenFile(std::string_view title, std::string_view extName, std::string_view ext) override {
-    return Questions.AskOpenFile(Question(title, extName, ext));
-  }
   std::string GetSaveFile(std::string_view title, std::string_view extName, std::string_view ext) override {
     return Questions.AskSaveFile(Question(title, extName, ext));
   }
-  std::string AskTemplate() override { return GetOpenFile("Select Template", "Template Definition File", "def"); }
+  std::string AskTemplate() override {
+    return Questions.AskOpenFile(Question("Select Template", "Template Definition File", "def"));
+  }
   std::string GetTemplateOf(std::string_view extension) const override {
     const auto found = Known.find(extension);
     return found == Known.end() ? "" : found->second;

@@ -67,11 +67,9 @@ editor::ui::Mainwin* BackWin::AddDocument() {
   return document;
 }
 
-std::string BackWin::TemplateFor(const std::string& path, bool& chosen) {
-  std::string file = GetTemplateOf(FileExtension(FileNameOf(path)));
-  chosen = false;
-  if (!file.empty()) return file;
-  return m_settings.DefOpenTemplate;
+std::string BackWin::TemplateFor(const std::string& path) const {
+  const std::string file = GetTemplateOf(FileExtension(FileNameOf(path)));
+  return file.empty() ? m_settings.DefOpenTemplate : file;
 }
 
 void BackWin::OpenFile(const std::string& path) {
@@ -80,11 +78,8 @@ void BackWin::OpenFile(const std::string& path) {
         {.Text = path + " does not exist.", .Title = "Error opening file...", .Icon = platform::PromptIcon::Critical});
     return;
   }
-  bool chosen = false;
-  const std::string file = TemplateFor(path, chosen);
   editor::ui::Mainwin* document = AddDocument();
-  document->SetTemplateChosen(chosen);
-  document->SetTemplate(file, true);
+  document->SetTemplate(TemplateFor(path), true);
   if (!document->Closed()) document->OpenFile(path);
 }
 
@@ -121,11 +116,6 @@ void BackWin::UpdateWindowTabs() {
 }
 
 // What documents ask for.
-
-std::string BackWin::GetOpenFile(std::string_view title, std::string_view extName, std::string_view ext) {
-  return m_prompts.AskOpenFile(
-      {.Title = std::string(title), .Filters = FiltersFor(extName, ext), .Folder = "", .SuggestedName = ""});
-}
 
 std::string BackWin::GetSaveFile(std::string_view title, std::string_view extName, std::string_view ext) {
   return m_prompts.AskSaveFile(

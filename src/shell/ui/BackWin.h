@@ -48,7 +48,6 @@ class BackWin : public QMainWindow, private editor::DocumentFrame {
   platform::Prompts& Prompts() override { return m_prompts; }
   platform::EventLoop& Loop() override { return m_loop; }
   const settings::Settings& Settings() const override { return m_settings; }
-  std::string GetOpenFile(std::string_view title, std::string_view extName, std::string_view ext) override;
   std::string GetSaveFile(std::string_view title, std::string_view extName, std::string_view ext) override;
   std::string AskTemplate() override;
   std::string GetTemplateOf(std::string_view extension) const override;
@@ -58,7 +57,7 @@ class BackWin : public QMainWindow, private editor::DocumentFrame {
   void UpdateWindowTabs() override;
 
   editor::ui::Mainwin* AddDocument();
-  std::string TemplateFor(const std::string& path, bool& chosen);
+  std::string TemplateFor(const std::string& path) const;
   void WindowActivated(QMdiSubWindow* window);
   void DisableDocumentTools();
   void OpenByDialog();

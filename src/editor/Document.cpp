@@ -1,26 +1,11 @@
 #include "editor/Document.h"
 
 #include "editor/StatusTexts.h"
+#include "platform/FileParsing.h"
 #include "platform/Files.h"
 #include "templates/Loader.h"
 
 namespace editor {
-namespace {
-
-std::string_view NameIn(std::string_view path) {
-  const std::size_t separator = path.find_last_of("/\\");
-  return separator == std::string_view::npos ? path : path.substr(separator + 1);
-}
-
-/// The text after the last "." of the name; "" when there is none.
-std::string_view ExtensionOf(std::string_view path) {
-  const std::string_view name = NameIn(path);
-  const std::size_t dot = name.rfind('.');
-  return dot == std::string_view::npos ? "" : name.substr(dot + 1);
-}
-
-}  // namespace
-
 const std::vector<std::string_view>& DocumentTools() {
   static const std::vector<std::string_view> tools = {
       "miFind",     "miReplace", "miFindNext", "miSelectAll",    "miPaste",   "miCopy",  "miCut",
@@ -60,7 +45,7 @@ void Document::OpenFile(const std::string& path) {
   m_state.LineCount = m_control.LineCount();
   if (content.Ok()) {
     m_state.CurFileName = path;
-    m_window.SetCaption(NameIn(path));
+    m_window.SetCaption(platform::FileNameOf(path));
   }
   UpdateStatus();
   ColourScan();
@@ -79,7 +64,7 @@ bool Document::SaveFile(const std::string& path) {
   if (!WriteTo(target)) return false;
   if (asks || target != m_state.CurFileName) {
     m_state.CurFileName = target;
-    m_window.SetCaption(NameIn(target));
+    m_window.SetCaption(platform::FileNameOf(target));
   }
   SetSaved(true);
   return true;
@@ -141,7 +126,7 @@ bool Document::ChooseTemplateFile(std::string& fileName) {
 
 void Document::OfferAssociation(const std::string& fileName) {
   if (m_state.CurFileName.empty()) return;
-  const std::string extension(ExtensionOf(m_state.CurFileName));
+  const std::string extension = platform::FileExtension(platform::FileNameOf(m_state.CurFileName));
   if (!m_frame.GetTemplateOf(extension).empty()) return;
   const auto answer =
       m_frame.Prompts().Show({.Text = "Would you like to use this template for all ." + extension + " files?",

@@ -7,6 +7,7 @@
 #include <ostream>
 
 #include "editor/ColouredOutput.h"
+#include "platform/FileParsing.h"
 #include "platform/Files.h"
 #include "rich_text/Encoding.h"
 #include "shell/TemplateList.h"
@@ -66,7 +67,7 @@ int List(const platform::ProgramPlaces& places, DescriptorSink& sink) {
 /// The template file to use, "" for none.
 std::string ChooseTemplate(const BatchOptions& options, const platform::ProgramPlaces& places) {
   if (!options.Template.empty()) return options.Template;
-  const std::string extension = FileExtension(FileNameOf(options.File));
+  const std::string extension = platform::FileExtension(platform::FileNameOf(options.File));
   return TemplateOfExtension(ReadTemplateList(platform::FindProgramFolder(places, false)), extension);
 }
 
@@ -91,7 +92,7 @@ void WriteColoured(const BatchOptions& options, const editor::ColouredText& colo
     case BatchOptions::Format::Rtf:
       return editor::WriteColouredRtf(coloured, "Courier New", write);
     case BatchOptions::Format::Html:
-      return editor::WriteColouredHtml(coloured, options.File == "-" ? "Quillmark" : FileNameOf(options.File),
+      return editor::WriteColouredHtml(coloured, options.File == "-" ? "Quillmark" : platform::FileNameOf(options.File),
                                        options.Fragment, write);
     case BatchOptions::Format::Ansi:
       return editor::WriteColouredAnsi(coloured, write);

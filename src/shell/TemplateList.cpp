@@ -18,19 +18,4 @@ std::string TemplateOfExtension(const std::vector<templates::Template>& list, st
   return "";
 }
 
-std::string FileExtension(std::string_view path) {
-  const std::size_t dot = path.rfind('.');
-  return dot == std::string_view::npos ? "" : std::string(path.substr(dot + 1));
-}
-
-std::string FileNameOf(std::string_view path) {
-  const std::size_t separator = path.find_last_of("/\\");
-  return std::string(separator == std::string_view::npos ? path : path.substr(separator + 1));
-}
-
-std::string FolderOf(std::string_view path) {
-  const std::size_t separator = path.find_last_of("/\\");
-  return separator == std::string_view::npos ? "" : std::string(path.substr(0, separator + 1));
-}
-
 }  // namespace shell

@@ -16,13 +16,4 @@ std::vector<templates::Template> ReadTemplateList(const std::string& folder);
 /// The template file for an extension (without ".", any letter case): the first of the list that names it; "" for none.
 std::string TemplateOfExtension(const std::vector<templates::Template>& list, std::string_view extension);
 
-/// The text after the last "." of the whole path; "" when there is none.
-std::string FileExtension(std::string_view path);
-
-/// The text after the last "/" or "\"; the whole path when there is none.
-std::string FileNameOf(std::string_view path);
-
-/// The text up to and including the last "/" or "\"; "" when there is none.
-std::string FolderOf(std::string_view path);
-
 }  // namespace shell

@@ -8,6 +8,7 @@
 #include <QMimeData>
 #include <QTimer>
 
+#include "platform/FileParsing.h"
 #include "platform/Files.h"
 #include "shell/FileFilters.h"
 #include "shell/TemplateList.h"
@@ -68,7 +69,7 @@ editor::ui::Mainwin* BackWin::AddDocument() {
 }
 
 std::string BackWin::TemplateFor(const std::string& path) const {
-  const std::string file = GetTemplateOf(FileExtension(FileNameOf(path)));
+  const std::string file = GetTemplateOf(platform::FileExtension(path));
   return file.empty() ? m_settings.DefOpenTemplate : file;
 }
 
@@ -183,7 +184,7 @@ void BackWin::OpenByDialog() {
   const editor::ui::Mainwin* document = ActiveDocument();
   const std::string path = m_prompts.AskOpenFile({.Title = "Open Script",
                                                   .Filters = TemplateFilters(m_templateList, m_associations),
-                                                  .Folder = document ? FolderOf(document->CurFileName()) : "",
+                                                  .Folder = document ? platform::FolderOf(document->CurFileName()) : "",
                                                   .SuggestedName = ""});
   if (!path.empty()) OpenFile(path);
 }

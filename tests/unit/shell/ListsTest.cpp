@@ -31,25 +31,6 @@ TEST(TemplateList, OneRecordAFileAndTheFirstThatNamesAnExtension) {
     EXPECT_EQ(TemplateOfExtension(list, extension), *file ? folder.Path(file) : "") << extension;
 }
 
-TEST(TemplateList, PathsAreTakenApartAtBothSeparators) {
-  struct Case {
-    const char *Path, *Extension, *Name, *Folder;
-  };
-  const Case cases[] = {
-      {"", "", "", ""},
-      {"a.js", "js", "a.js", ""},
-      {"/x.y/readme", "y/readme", "readme", "/x.y/"},  // the last "." of the whole path counts
-      {"C:\\dir\\a.tar.gz", "gz", "a.tar.gz", "C:\\dir\\"},
-      {"a\\b/c.", "", "c.", "a\\b/"},
-      {"dir/", "", "", "dir/"},
-  };
-  for (const Case& c : cases) {
-    EXPECT_EQ(FileExtension(c.Path), c.Extension);
-    EXPECT_EQ(FileNameOf(c.Path), c.Name);
-    EXPECT_EQ(FolderOf(c.Path), c.Folder);
-  }
-}
-
 std::string Describe(const std::vector<platform::FileFilter>& filters) {
   std::string all;
   for (const platform::FileFilter& filter : filters) {

@@ -25,6 +25,7 @@ class SilentStatus : public platform::StatusPanels {
   void SetPanelText(std::string_view, std::string_view) override {}
   void SetStyle(platform::StatusStyle) override {}
   void SetSimpleText(std::string_view) override {}
+  void SetOverwrite(bool) override {}
 };
 
 /// The clock of a real event loop, and no events.

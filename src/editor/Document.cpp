@@ -105,6 +105,7 @@ void Document::SetSaved(bool saved) {
 }
 
 bool Document::MayClose() {
+  m_popups->CloseAll();
   if (m_state.Saved) return true;
   m_window.BringToFront();
   const auto answer = m_frame.Prompts().Show({.Text = "Save changes to " + m_window.Caption() + " before closing?",
@@ -259,6 +260,13 @@ void Document::Change(const platform::TextChange&) {
   if (m_state.Saved) SetSaved(false);
   m_state.LineCount = m_control.LineCount();
   UpdateStatus();
+}
+
+bool Document::MouseDown(int button, int, int x, int y) {
+  if (button != 2) return false;
+  if (m_control.SelLength() == 0) m_control.SetSelStart(m_control.OffsetAt(x, y));
+  m_frame.ShowTextPopup(x, y);
+  return true;
 }
 
 void Document::FilesDropped(const std::vector<std::string>& paths) {

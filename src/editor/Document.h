@@ -11,6 +11,7 @@
 #include "editor/Colouring.h"
 #include "editor/DocumentFrame.h"
 #include "editor/DocumentState.h"
+#include "editor/PopupHost.h"
 #include "editor/ViewKeeper.h"
 #include "platform/TextControl.h"
 #include "rich_text/Encoding.h"
@@ -25,6 +26,11 @@ class Document : public platform::TextControlEvents {
   Document& operator=(const Document&) = delete;
 
   const DocumentState& State() const { return m_state; }
+  /// For what belongs to the document and stands beside it, such as its pop-ups.
+  DocumentState& State() { return m_state; }
+
+  /// Who shows the completion list and the tooltip; must outlive the document. Nobody, at first.
+  void SetPopups(PopupHost& popups) { m_popups = &popups; }
 
   void UpdateFont();
   void ColourScan() { m_colouring.ColourScan(); }
@@ -60,12 +66,14 @@ class Document : public platform::TextControlEvents {
   /// Shows caret or selection, size and template in the status bar.
   void UpdateStatus();
 
-  bool KeyDown(int, int) override { return false; }
+  bool KeyDown(int keyCode, int shift) override { return m_popups->KeyDown(keyCode, shift); }
   bool KeyPress(char32_t) override { return false; }
-  void KeyUp(int, int) override { UpdateStatus(); }
+  void KeyUp(int keyCode, int shift) override {
+    if (!m_popups->KeyUp(keyCode, shift)) UpdateStatus();
+  }
   void Change(const platform::TextChange& change) override;
   void SelChange() override { UpdateStatus(); }
-  bool MouseDown(int, int, int, int) override { return false; }
+  bool MouseDown(int button, int shift, int x, int y) override;
   void MouseUp(int, int, int, int) override { UpdateStatus(); }
   void FilesDropped(const std::vector<std::string>& paths) override;
 
@@ -86,6 +94,8 @@ class Document : public platform::TextControlEvents {
   DocumentState m_state;
   Colouring m_colouring;
   ViewKeeper m_view;
+  NoPopups m_noPopups;
+  PopupHost* m_popups = &m_noPopups;
   rich_text::TextEncoding m_encoding = rich_text::TextEncoding::Utf8;
   bool m_hasMark = false;
 };

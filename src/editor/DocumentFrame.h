@@ -37,6 +37,11 @@ class DocumentFrame {
   virtual void EnableTool(std::string_view name, bool enabled) = 0;
   virtual void CheckTool(std::string_view name, bool checked) = 0;
   virtual void UpdateWindowTabs() = 0;
+
+  /// Runs a tool's command as if the user had chosen it.
+  virtual void ActiveBar_ToolClick(const std::string& name) = 0;
+  /// Shows the pop-up menu of the text at a point of the active document's control, in pixels.
+  virtual void ShowTextPopup(int x, int y) = 0;
 };
 
 /// The window that shows one document.

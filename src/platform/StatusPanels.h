@@ -18,6 +18,9 @@ class StatusPanels {
   virtual void SetStyle(StatusStyle style) = 0;
 
   virtual void SetSimpleText(std::string_view text) = 0;
+
+  /// What the INS panel shows: whether typing replaces the character after the caret.
+  virtual void SetOverwrite(bool overwrite) = 0;
 };
 
 }  // namespace platform

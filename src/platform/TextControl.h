@@ -85,6 +85,10 @@ class TextControl {
   virtual std::string SelText() const = 0;
   /// Replaces the selection; the caret stands behind what was put in, nothing is selected.
   virtual void SetSelText(std::string_view text) = 0;
+  /// The end of the selection that moves with Shift and the arrow keys; its other end with Select.
+  virtual std::size_t Caret() const = 0;
+  /// The selection between `anchor` and `caret`, which may stand before it.
+  virtual void Select(std::size_t anchor, std::size_t caret) = 0;
   /// The selection as RTF; its last paragraph does not end, so that a selection inside one line has no line end.
   virtual std::string SelRTF() const = 0;
 
@@ -112,6 +116,8 @@ class TextControl {
                           const std::vector<rich_text::ColourRun>& runs) = 0;
 
   // The view.
+  /// The offset of the character nearest to a point, in pixels of the control.
+  virtual std::size_t OffsetAt(int x, int y) const = 0;
   virtual bool Enabled() const = 0;
   virtual void SetEnabled(bool enabled) = 0;
   virtual std::size_t VerticalScroll() const = 0;

@@ -24,6 +24,8 @@ class FakeStatus : public platform::StatusPanels {
     Log.emplace_back(style == platform::StatusStyle::Normal ? "normal" : "simple");
   }
   void SetSimpleText(std::string_view text) override { Log.emplace_back(text); }
+  void SetOverwrite(bool overwrite) override { Overwrite = overwrite; }
+  bool Overwrite = false;
   std::vector<std::string> Take() { return std::exchange(Log, {}); }
 };
 
@@ -54,7 +56,8 @@ class FakeFrame : public editor::DocumentFrame {
   std::vector<std::string> Associations;                  ///< "extension name file"
   std::vector<std::string> Opened;
   std::map<std::string, bool, std::less<>> Enabled, Checked;
-  std::string AskedType;  ///< type name and extension of the last file chooser
+  std::string AskedType;            ///< type name and extension of the last file chooser
+  std::vector<std::string> Clicks;  ///< tools run, and "TextPopup x,y"
   int TabUpdates = 0;
 
   platform::StatusPanels& Status() override { return Bar; }
@@ -78,6 +81,10 @@ class FakeFrame : public editor::DocumentFrame {
   void EnableTool(std::string_view name, bool enabled) override { Enabled[std::string(name)] = enabled; }
   void CheckTool(std::string_view name, bool checked) override { Checked[std::string(name)] = checked; }
   void UpdateWindowTabs() override { ++TabUpdates; }
+  void ActiveBar_ToolClick(const std::string& name) override { Clicks.push_back(name); }
+  void ShowTextPopup(int x, int y) override {
+    Clicks.push_back("TextPopup " + std::to_string(x) + ',' + std::to_string(y));
+  }
 
  private:
   platform::FileQuestion Question(std::string_view title, std::string_view extName, std::string_view ext) {

@@ -72,6 +72,7 @@ std::vector<std::size_t> MemoryTextControl::Starts() const {
 void MemoryTextControl::Replace(std::size_t start, std::size_t end, std::string_view text, std::size_t caret) {
   m_selStart = caret;
   m_selLength = 0;
+  m_caretFirst = false;
   if (start == end && text.empty()) return;
   const platform::TextChange change{start, m_text.substr(start, end - start), text.size()};
   m_text.replace(start, end - start, text);
@@ -87,9 +88,11 @@ void MemoryTextControl::TellSelection() {
   if (m_events != nullptr) m_events->SelChange();
 }
 
-void MemoryTextControl::Select(std::size_t start, std::size_t length) {
-  m_selStart = std::min(start, m_text.size());
-  m_selLength = std::min(length, m_text.size() - m_selStart);
+void MemoryTextControl::Select(std::size_t anchor, std::size_t caret) {
+  const std::size_t from = std::min(anchor, m_text.size()), to = std::min(caret, m_text.size());
+  m_selStart = std::min(from, to);
+  m_selLength = std::max(from, to) - m_selStart;
+  m_caretFirst = to < from;
   TellSelection();
 }
 
@@ -168,6 +171,14 @@ std::size_t MemoryTextControl::EndOfLine(std::size_t line) const {
   return rich_text::FindLineEnd(m_text, LineStart(line));
 }
 
+std::size_t MemoryTextControl::OffsetAt(int x, int y) const {
+  const std::size_t line = std::min(static_cast<std::size_t>(std::max(y, 0) / LineHeight) + 1, LineCount());
+  std::size_t offset = LineStart(line);
+  for (int column = (x + CharacterWidth / 2) / CharacterWidth; column > 0 && offset < EndOfLine(line); --column)
+    offset = Step(offset, false);
+  return offset;
+}
+
 std::string MemoryTextControl::LinesRTF(std::size_t first, std::size_t last) const {
   return rich_text::WriteRtf(Styled(LineStart(first), EndOfLine(last)), FontName(m_font));
 }
@@ -202,7 +213,7 @@ bool MemoryTextControl::Press(int keyCode, int shift) {
   if (keyCode == 37 || keyCode == 39) {
     const bool left = keyCode == 37;
     const std::size_t edge = left ? m_selStart : m_selStart + m_selLength;
-    Select(m_selLength > 0 ? edge : Step(edge, left), 0);
+    SetSelStart(m_selLength > 0 ? edge : Step(edge, left));
   }
   return false;
 }

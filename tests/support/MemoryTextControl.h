@@ -2,6 +2,7 @@
 // A text control in memory: the same contract as the real one, without a window, and simple enough to be trusted. Every
 // call may cost as much as the text is long. The keyboard is played with Press, Type and Release.
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -21,11 +22,15 @@ class MemoryTextControl : public platform::TextControl {
   void SetTextRTF(std::string_view rtf) override;
 
   std::size_t SelStart() const override { return m_selStart; }
-  void SetSelStart(std::size_t start) override { Select(start, 0); }
+  void SetSelStart(std::size_t start) override { Select(start, start); }
   std::size_t SelLength() const override { return m_selLength; }
-  void SetSelLength(std::size_t length) override { Select(m_selStart, length); }
+  void SetSelLength(std::size_t length) override {
+    Select(m_selStart, m_selStart + std::min(length, m_text.size() - m_selStart));
+  }
   std::string SelText() const override { return m_text.substr(m_selStart, m_selLength); }
   void SetSelText(std::string_view text) override;
+  std::size_t Caret() const override { return m_caretFirst ? m_selStart : m_selStart + m_selLength; }
+  void Select(std::size_t anchor, std::size_t caret) override;
   std::string SelRTF() const override;
 
   std::size_t LineCount() const override { return Starts().size(); }
@@ -39,6 +44,9 @@ class MemoryTextControl : public platform::TextControl {
   void SetColours(const std::vector<rich_text::ColourValue>& colours,
                   const std::vector<rich_text::ColourRun>& runs) override;
 
+  /// Lines are LineHeight pixels high and characters CharacterWidth wide; nothing is scrolled.
+  static constexpr int LineHeight = 16, CharacterWidth = 8;
+  std::size_t OffsetAt(int x, int y) const override;
   bool Enabled() const override { return m_enabled; }
   void SetEnabled(bool enabled) override { m_enabled = enabled; }
   std::size_t VerticalScroll() const override { return m_vertical; }
@@ -65,7 +73,6 @@ class MemoryTextControl : public platform::TextControl {
 
  private:
   std::vector<std::size_t> Starts() const;
-  void Select(std::size_t start, std::size_t length);
   /// Puts text in place of [start, end) and the caret at `caret`, and tells it.
   void Replace(std::size_t start, std::size_t end, std::string_view text, std::size_t caret);
   void TellSelection();
@@ -81,6 +88,7 @@ class MemoryTextControl : public platform::TextControl {
   std::vector<std::int64_t> m_colours;  ///< one a byte, -1 for none
   std::string m_lineEnd = "\r\n";
   std::size_t m_selStart = 0, m_selLength = 0;
+  bool m_caretFirst = false;
   std::size_t m_toldStart = 0, m_toldLength = 0;
   std::size_t m_vertical = 0, m_horizontal = 0;
   bool m_enabled = true, m_redraw = true, m_wordWrap = false;

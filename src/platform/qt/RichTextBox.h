@@ -40,6 +40,8 @@ class RichTextBox final : public QsciScintillaBase, public TextControl {
   void SetSelLength(std::size_t length) override;
   std::string SelText() const override;
   void SetSelText(std::string_view text) override;
+  std::size_t Caret() const override;
+  void Select(std::size_t anchor, std::size_t caret) override;
   std::string SelRTF() const override;
 
   std::size_t LineCount() const override;
@@ -53,6 +55,7 @@ class RichTextBox final : public QsciScintillaBase, public TextControl {
   void SetColours(const std::vector<rich_text::ColourValue>& colours,
                   const std::vector<rich_text::ColourRun>& runs) override;
 
+  std::size_t OffsetAt(int x, int y) const override;
   bool Enabled() const override { return m_enabled; }
   void SetEnabled(bool enabled) override { m_enabled = enabled; }
   std::size_t VerticalScroll() const override;
@@ -75,11 +78,6 @@ class RichTextBox final : public QsciScintillaBase, public TextControl {
   QRect CaretRectangle() const;
   /// Where the character at `offset` begins, with the height of its line and no width.
   QRect RectangleAt(std::size_t offset) const;
-  /// The offset of the character nearest to a point.
-  std::size_t OffsetAt(int x, int y) const;
-  /// The selection, the caret standing at `caret`; unlike SetSelLength it can reach backwards.
-  void Select(std::size_t anchor, std::size_t caret);
-  std::size_t Caret() const;
   /// The colour of the character at `offset`, and the stretch [start, end) around it that has it, looked for no farther
   /// than in the character's own line.
   struct ColouredStretch {

@@ -21,9 +21,7 @@ class StatusBar final : public QStatusBar, public StatusPanels {
   void SetPanelText(std::string_view key, std::string_view text) override;
   void SetStyle(StatusStyle style) override;
   void SetSimpleText(std::string_view text) override;
-
-  /// What the last panel shows: whether typing replaces the character after the caret.
-  void SetOverwrite(bool overwrite);
+  void SetOverwrite(bool overwrite) override;
 
   /// The CAPS and NUM panels; the bar itself follows the keyboard where the platform tells its state with the keys.
   void SetKeyboardLocks(bool caps, bool num);

@@ -62,9 +62,6 @@ editor::ui::Mainwin* BackWin::AddDocument() {
   window->setWindowIcon(windowIcon());
   window->resize(720, 480);
   maximised ? window->showMaximized() : window->show();
-  document->TextArea().setContextMenuPolicy(Qt::CustomContextMenu);
-  connect(&document->TextArea(), &QWidget::customContextMenuRequested, this,
-          [this, document](const QPoint& at) { m_tools.TextPopup()->popup(document->TextArea().mapToGlobal(at)); });
   return document;
 }
 
@@ -117,6 +114,11 @@ void BackWin::UpdateWindowTabs() {
 }
 
 // What documents ask for.
+
+void BackWin::ShowTextPopup(int x, int y) {
+  if (editor::ui::Mainwin* document = ActiveDocument())
+    m_tools.TextPopup()->popup(document->TextArea().mapToGlobal(QPoint(x, y)));
+}
 
 std::string BackWin::GetSaveFile(std::string_view title, std::string_view extName, std::string_view ext) {
   return m_prompts.AskSaveFile(

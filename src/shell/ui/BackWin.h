@@ -32,7 +32,7 @@ class BackWin : public QMainWindow, private editor::DocumentFrame {
   void NewDocument();
 
   /// Runs the command of a tool.
-  void ActiveBar_ToolClick(const std::string& name);
+  void ActiveBar_ToolClick(const std::string& name) override;
 
   /// The document window in front, or null.
   editor::ui::Mainwin* ActiveDocument() const;
@@ -55,6 +55,7 @@ class BackWin : public QMainWindow, private editor::DocumentFrame {
   void EnableTool(std::string_view name, bool enabled) override { m_tools.Enable(name, enabled); }
   void CheckTool(std::string_view name, bool checked) override { m_tools.Check(name, checked); }
   void UpdateWindowTabs() override;
+  void ShowTextPopup(int x, int y) override;
 
   editor::ui::Mainwin* AddDocument();
   std::string TemplateFor(const std::string& path) const;

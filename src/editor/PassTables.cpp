@@ -295,6 +295,7 @@ PassTables::PassTables(const templates::TemplateFields& fields)
   for (const auto& word : fields.ColWords) AddWord(*word, tokens);
   Tokens.Build(Words, tokens);
   SetKinds();
+  SetFilter(tokens);
   for (const auto& word : fields.Words) {
     ActionNames.push_back(Fold.Fold(word->Name));
     for (const auto& action : word->Actions)
@@ -364,6 +365,14 @@ void PassTables::SetPairs() {
     for (unsigned second = 0; second < 0x80; ++second)
       if (Anywhere.StartsWith(folded(first), folded(second)))
         m_pairs[first][second / 64] |= std::uint64_t{1} << (second % 64);
+}
+
+void PassTables::SetFilter(const std::vector<std::uint32_t>& tokens) {
+  Filter.SetClasses(TokenBytes, BlankBytes, Fold.CaseSensitive());
+  for (const std::uint32_t token : tokens) Filter.AddToken(Words[token].Start.Folded());
+  for (unsigned char first = 0; first < 0x80; ++first)
+    for (unsigned char second = 0; second < 0x80; ++second)
+      if (MayStart(first, second)) Filter.AddPair(first, second);
 }
 
 }  // namespace editor

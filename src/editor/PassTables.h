@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "editor/ColourPass.h"
+#include "editor/SkimFilter.h"
 #include "templates/Model.h"
 
 namespace editor {
@@ -201,6 +202,7 @@ struct PassTables {
   bool MayStart(unsigned char first, unsigned char second) const {
     return second >= 0x80 || (m_pairs[first][second / 64] >> (second % 64) & 1) != 0;
   }
+  SkimFilter Filter;
   bool AnywhereInTokens = false;  ///< a word of the trie may start inside a token
   std::array<ByteKind, 256> Kinds{};
 
@@ -213,6 +215,7 @@ struct PassTables {
   bool IsWholeToken(const std::string& folded) const;
   void SetKinds();
   void SetPairs();
+  void SetFilter(const std::vector<std::uint32_t>& tokens);
 
   std::array<std::array<std::uint64_t, 2>, 128> m_pairs{};  ///< bits by first and second byte
 };

@@ -1,6 +1,7 @@
 #include "editor/WholePass.h"
 
 #include <algorithm>
+#include <bit>
 
 #include "rich_text/Encoding.h"
 
@@ -71,10 +72,45 @@ void WholePass::AtTrie(std::size_t start, bool behindDelimeter, Found& best) con
   });
 }
 
-// Most of a text begins no word; this loop is where the time of a pass goes.
+// Most of a text begins no word; this is where the time of a pass goes. Nobody can guess where a token ends, so a
+// branch there is dear: a block's bytes are sorted into sets of bits first.
 std::size_t WholePass::Skim(std::size_t from, Found& found) const {
-  const auto* text = reinterpret_cast<const unsigned char*>(m_text.data());
   const std::size_t size = std::min(m_text.size(), m_nextReport);
+  std::size_t i = from;
+  while (i < size) {
+    if (i + SkimFilter::BlockBytes + SkimFilter::ReadsBehind > m_text.size()) return SkimBytes(i, size, found);
+    const SkimFilter::Block block = m_tables.Filter.Sort(m_text.data() + i);
+    std::size_t end = i + SkimFilter::BlockBytes - block.Open();
+    if (block.Wide || end == i) {
+      const std::size_t until = std::min(size, i + SkimFilter::BlockBytes);
+      end = SkimBytes(i, until, found);
+      if (found.Word != TokenTable::NoWord || end < until) return end;
+    } else if (const std::size_t start = SkimBlock(i, block, found); start < end) {
+      return start;
+    }
+    i = end;
+  }
+  return i;
+}
+
+std::size_t WholePass::SkimBlock(std::size_t from, const SkimFilter::Block& block, Found& found) const {
+  const auto* text = reinterpret_cast<const unsigned char*>(m_text.data() + from);
+  const std::uint64_t whole = ~std::uint64_t{0} >> block.Open();
+  for (std::uint64_t places = block.Starts() & whole; places != 0; places &= places - 1) {
+    const auto place = static_cast<unsigned>(std::countr_zero(places));
+    if (!m_tables.Filter.MayBegin(m_text.data() + from, block, place)) continue;
+    if (block.IsToken(place)) {
+      found = TokenFound(from + place, from + place + block.TokenLength(place), true);
+      if (found.Word != TokenTable::NoWord) return from + place;
+    } else if (m_tables.MayStart(text[place], text[place + 1])) {
+      return from + place;
+    }
+  }
+  return from + SkimFilter::BlockBytes;
+}
+
+std::size_t WholePass::SkimBytes(std::size_t from, std::size_t size, Found& found) const {
+  const auto* text = reinterpret_cast<const unsigned char*>(m_text.data());
   std::size_t i = from;
   while (i < size) {
     const unsigned char byte = text[i];

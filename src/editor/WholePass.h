@@ -34,6 +34,10 @@ class WholePass {
   /// Goes on from a place behind a delimiter to where a word of the trie or a token beyond ASCII may begin, or to the
   /// word that it finds on the way.
   std::size_t Skim(std::size_t from, Found& found) const;
+  /// The same in a block without bytes beyond ASCII, up to the token that reaches its end; the block's end for nothing.
+  std::size_t SkimBlock(std::size_t from, const SkimFilter::Block& block, Found& found) const;
+  /// The same byte by byte, up to `size`.
+  std::size_t SkimBytes(std::size_t from, std::size_t size, Found& found) const;
   std::size_t TokenEnd(std::size_t start, bool& ascii) const;
   bool GoesOn(std::size_t done);
 

@@ -117,7 +117,7 @@ class Maker {
   }
 
   void MakeText() {
-    const std::size_t length = m_dice.Chance(60) ? m_dice.Below(30) : m_dice.Below(100);
+    const std::size_t length = m_dice.Chance(60) ? m_dice.Below(30) : m_dice.Below(m_dice.Chance(75) ? 100 : 400);
     const int lineEndsOfHundred = m_dice.Pick(std::array{0, 4, 12});
     Characters& text = m_case.Text;
     while (text.size() < length) {

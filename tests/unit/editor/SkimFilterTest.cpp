@@ -1,0 +1,61 @@
+#include "editor/SkimFilter.h"
+
+#include <gtest/gtest.h>
+
+#include <cctype>
+#include <string>
+
+namespace {
+
+using editor::SkimFilter;
+
+/// A filter as a template makes it: letters are tokens, blanks and commas begin nothing, other signs may.
+SkimFilter FilterOf(bool caseSensitive) {
+  std::array<bool, 256> tokens{}, blanks{};
+  for (unsigned byte = 0; byte < 0x80; ++byte) {
+    tokens[byte] = std::isalnum(static_cast<int>(byte)) != 0 || byte == '_';
+    blanks[byte] = byte == ' ' || byte == ',' || byte == '\n';
+  }
+  SkimFilter filter;
+  filter.SetClasses(tokens, blanks, caseSensitive);
+  for (const char* word : {"if", "function", "constructor"}) filter.AddToken(word);
+  filter.AddPair('/', '/');
+  return filter;
+}
+
+TEST(SkimFilter, SortsABlockWithAndWithoutVectorsAlike) {
+  const SkimFilter filter = FilterOf(true);
+  std::uint64_t random = 1;
+  for (int round = 0; round < 2000; ++round) {
+    std::string text;
+    for (std::size_t i = 0; i < SkimFilter::BlockBytes; ++i) {
+      random = random * 6364136223846793005U + 1442695040888963407U;
+      text += static_cast<char>(round % 8 == 0 ? random >> 56 : random >> 57);
+    }
+    const SkimFilter::Block bytes = filter.SortBytes(text.data()), any = filter.Sort(text.data());
+    ASSERT_EQ(bytes.Wide, any.Wide);
+    ASSERT_TRUE(bytes == any) << "round " << round;
+    for (unsigned i = 0; i < SkimFilter::BlockBytes; ++i)
+      ASSERT_EQ(bytes.IsToken(i), std::isalnum(static_cast<unsigned char>(text[i])) != 0 || text[i] == '_') << i;
+  }
+}
+
+TEST(SkimFilter, LetsThroughWhatBeginsAWordAndLittleElse) {
+  struct Case {
+    const char* Text;
+    bool Sensitive, Insensitive;
+  };
+  for (const Case& c : {Case{"if", true, true}, Case{"IF", false, true}, Case{"iff", false, false},
+                        Case{"constructor", true, true}, Case{"Function", false, true}, Case{"// x", true, true},
+                        Case{"/* x", false, false}, Case{"functio", false, false}}) {
+    std::string text = c.Text;
+    text.resize(SkimFilter::BlockBytes + SkimFilter::ReadsBehind, ' ');
+    for (const bool sensitive : {true, false}) {
+      const SkimFilter filter = FilterOf(sensitive);
+      EXPECT_EQ(filter.MayBegin(text.data(), filter.Sort(text.data()), 0), sensitive ? c.Sensitive : c.Insensitive)
+          << c.Text << (sensitive ? ", letter case counts" : "");
+    }
+  }
+}
+
+}  // namespace

@@ -1,0 +1,31 @@
+#include "aids/PopupPlace.h"
+
+#include <algorithm>
+
+namespace aids {
+namespace {
+
+constexpr int IconAndGap = 17;
+
+}  // namespace
+
+Box ListBox(const CaretPoint& caret, int dialogFrame, float width, float height) {
+  return {caret.TwipsX * static_cast<float>(caret.X - IconAndGap - dialogFrame),
+          caret.TwipsY * static_cast<float>(caret.Y + caret.tmHeight), width, height};
+}
+
+Box TipBox(const CaretPoint& caret, float w, float width, float height) {
+  return {caret.TwipsX * static_cast<float>(caret.X - 1) - w,
+          caret.TwipsY * static_cast<float>(caret.tmHeight + caret.Y), width, height};
+}
+
+Box KeptOnScreen(Box box, const CaretPoint& caret, const Box& screen) {
+  const float right = screen.Left + screen.Width, bottom = screen.Top + screen.Height;
+  const float above = caret.TwipsY * static_cast<float>(caret.Y) - box.Height;
+  if (box.Top + box.Height > bottom) box.Top = above >= screen.Top ? above : bottom - box.Height;
+  box.Top = std::max(box.Top, screen.Top);
+  box.Left = std::max(std::min(box.Left, right - box.Width), screen.Left);
+  return box;
+}
+
+}  // namespace aids

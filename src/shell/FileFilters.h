@@ -19,4 +19,7 @@ std::vector<platform::FileFilter> FiltersFor(std::string_view name, std::string_
 std::vector<platform::FileFilter> TemplateFilters(const std::vector<templates::Template>& list,
                                                   const std::vector<templates::Template>& associations);
 
+/// The type name that asks for TemplateFilters instead of one type.
+inline constexpr std::string_view TemplateTypes = "*Templates*";
+
 }  // namespace shell

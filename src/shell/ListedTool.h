@@ -1,0 +1,29 @@
+#pragma once
+// An entry that a list puts on a band while the program runs: one for each template, window or file.
+
+#include <string>
+
+namespace shell {
+
+/// Identifiers of listed tools: a kind's base and the entry's number from 1. The bases lie further apart than a band
+/// may have entries.
+inline constexpr int TemplateToolBase = 1000, WindowToolBase = 3000, ResetToolbarsTool = 20122;
+inline constexpr std::size_t MostListed = 1999;
+
+struct ListedTool {
+  int Identifier = 0;
+  std::string Name;
+  std::string Caption;
+  std::string Description;
+  std::size_t Index = 0;  ///< what the entry stands for, counted from 0 in its list
+  bool Checked = false;
+};
+
+/// A name as part of a caption, where "&" marks an access key.
+inline std::string CaptionText(const std::string& name) {
+  std::string text;
+  for (const char c : name) text.append(c == '&' ? 2 : 1, c);
+  return text;
+}
+
+}  // namespace shell

@@ -1,0 +1,21 @@
+#pragma once
+// The open windows as the tab strip and the Window menu list them.
+
+#include <vector>
+
+#include "platform/Prompts.h"
+#include "shell/ChildWindow.h"
+#include "shell/ListedTool.h"
+
+namespace shell {
+
+/// The tabs of the document and template editor windows among `windows` (in the order in which they were opened) but
+/// for `excluded`. More than MostListed are told to the user and left out.
+std::vector<ListedTool> WindowTabs(const std::vector<const ChildWindow*>& windows, const ChildWindow* active,
+                                   const ChildWindow* excluded, platform::Prompts& prompts);
+
+/// The same windows as entries of the Window menu, numbered and without the mark of unsaved changes.
+std::vector<ListedTool> WindowMenu(const std::vector<const ChildWindow*>& windows, const ChildWindow* active,
+                                   platform::Prompts& prompts);
+
+}  // namespace shell

@@ -1,0 +1,90 @@
+// What a start of the program is asked for, and what it hands over.
+
+#include "shell/CommandLine.h"
+
+#include <gtest/gtest.h>
+
+#include "shell/ExecuteString.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace {
+
+using namespace shell;
+
+std::string Tokens(std::string commandLine) {
+  std::string all;
+  for (int i = 0; i < 20 && !commandLine.empty(); ++i) all += '<' + TakeToken(commandLine) + '>';
+  return all;
+}
+
+TEST(CommandLine, SwitchesComeOffAStringBeforeItsPath) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"", ""},
+      {"/ResetToolbars C:\\a b\\c.txt", "</ResetToolbars><C:\\a b\\c.txt>"},
+      {"  C:\\a.txt /X", "</X><C:\\a.txt>"},
+      {"C:\\a /X b.txt", "</X><C:\\a b.txt>"},
+      {"/A/B /C", "</A/B></C>"},
+      {"/A  ", "</A><>"},
+      {"\"a b.txt\"", "<\"a b.txt\">"},
+      {"   ", "<>"},
+  };
+  for (const auto& [commandLine, tokens] : cases) EXPECT_EQ(Tokens(commandLine), tokens) << commandLine;
+}
+
+TEST(CommandLine, ArgumentsAreSwitchesFilesAndPlaces) {
+  const tests::TemporaryFolder folder;
+  for (const char* name : {"a.js", "b c.js", "d:3.js", "e.js:7", "sub/f.js", "+9"}) folder.Write(name, "");
+  const std::string full = folder.Path("a.js");
+  struct Case {
+    std::vector<std::string> Arguments;
+    std::string Read;  ///< switches, then the files with their places; "?" before one that does not exist
+  };
+  const Case cases[] = {
+      {{}, ""},
+      {{"a.js", "/ResetToolbars", "b c.js"}, "/ResetToolbars a.js b c.js"},
+      {{"/resetsettings", "/X"}, "/resetsettings /X"},
+      {{full, full + ":12", full + ":12:5", full + ":12:5:"}, "a.js a.js:12 a.js:12:5 a.js:12:5"},
+      {{"e.js:7", "e.js:7:4", "d:3.js:2"}, "e.js:7 e.js:7:4 d:3.js:2"},  // names that look like places
+      {{"a.js:0", "a.js:x", "a.js:1:2:3", ":4"}, "?a.js:0 ?a.js:x ?a.js:1:2:3 ?:4"},
+      {{"+12", "a.js", "sub/f.js"}, "a.js:12 sub/f.js"},
+      {{"a.js", "+12:3"}, "a.js:12:3"},
+      {{"+0", "+x", "+9"}, "?+0 ?+x +9"},
+      {{"none.js", "--unknown", "-h2"}, "?none.js ?--unknown ?-h2"},
+      {{"--", "/X", "--help"}, "?/X ?--help"},
+      {{"sub", ""}, "sub ?"},
+      {{"a.js:99999999999999999999999"}, "?a.js:99999999999999999999999"},
+  };
+  for (const Case& c : cases) {
+    const CommandLine read = ParseCommandLine(c.Arguments, folder.Path());
+    std::string text;
+    for (const std::string& token : read.Switches) text += ' ' + token;
+    for (const FileArgument& file : read.Files)
+      text += file.FullPath.empty() ? " ?" + file.Given : ' ' + WithPlace(file).substr(folder.Path().size() + 1);
+    EXPECT_EQ(text.substr(text.empty() ? 0 : 1), c.Read);
+    EXPECT_EQ(read.What, CommandLine::Task::Edit);
+  }
+  EXPECT_EQ(ParseCommandLine({"a.js", "--help"}, "/").What, CommandLine::Task::Help);
+  EXPECT_EQ(ParseCommandLine({"--version"}, "/").What, CommandLine::Task::Version);
+}
+
+TEST(CommandLine, OnlyTheTwoVerbsAreAccepted) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"FileOpen:/a:b.js", "open /a:b.js"},
+      {"BringToFront:", "front"},
+      {"BringToFront:x", "front"},
+      {"FileOpen:", "refused"},
+      {"FileOpen", "refused"},
+      {":FileOpen:/a", "refused"},
+      {"fileopen:/a", "refused"},
+      {"", "refused"},
+      {"Execute:/bin/sh", "refused"},
+  };
+  for (const auto& [command, expected] : cases) {
+    std::string done;
+    const bool accepted =
+        ExecuteCommand(command, {[&](const std::string& path) { done = "open " + path; }, [&] { done = "front"; }});
+    EXPECT_EQ(accepted ? done : done + "refused", expected) << command;
+  }
+}
+
+}  // namespace

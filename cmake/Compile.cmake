@@ -17,3 +17,7 @@ if(QUILLMARK_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
 endif()
+
+if(QUILLMARK_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()

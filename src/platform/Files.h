@@ -14,15 +14,15 @@ struct FileContent {
   bool Ok() const { return Error.empty(); }
 };
 
-/// Reads a whole file ("-" is no special name here). A folder, a missing file and an unreadable one are failures.
+/// Reads a whole file ("-" is no special name here). A folder, a device, a named pipe, a missing file and an unreadable
+/// one are failures.
 FileContent ReadFile(const std::string& path);
 
 /// Reads a whole open file, such as standard input, to its end.
 FileContent ReadDescriptor(int descriptor);
 
-/// Replaces the file so that at any moment either the old or the new content is on disk: written beside the target,
-/// synced, renamed, the folder synced. Symbolic links are followed and kept, the mode is kept. Returns "" or the
-/// reason, in which case the old file is whole.
+/// Replaces the file so that a failure, a kill or a power cut leaves the old or the new content (see SafeSave, which
+/// says what is kept). Returns "" or the reason, in which case the old file is whole.
 std::string WriteFile(const std::string& path, std::string_view bytes);
 
 bool FileExists(const std::string& path);    ///< a file that is no folder

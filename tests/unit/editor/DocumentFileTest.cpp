@@ -145,7 +145,7 @@ TEST_F(DocumentFileTest, AFailedSaveIsToldAndLosesNothing) {
   m_document.OpenFile(m_folder.Path("locked/file"));
   Append("!");
   m_folder.SetMode("locked", 0555);
-  m_folder.SetMode("locked/file", 0666);
+  m_folder.SetMode("locked/file", 0444);
   const std::string gone = m_folder.Path("gone/file");
   const tests::OrdinaryUser user;
   m_frame.Questions.Expect(Critical("Could not save " + State().CurFileName + "\n\nPermission denied"));

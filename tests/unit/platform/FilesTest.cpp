@@ -5,6 +5,7 @@
 
 #include <csignal>
 
+#include "platform/SafeSave.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace {
@@ -27,6 +28,7 @@ TEST_F(FilesTest, ReadsEveryByteOrTellsWhyNot) {
     EXPECT_EQ(content.Bytes, bytes.substr(0, size));
   }
   m_folder.SetMode("file", 0);
+  ASSERT_EQ(::mkfifo(m_folder.Path("pipe").c_str(), 0600), 0);
   const OrdinaryUser user;
   struct Case {
     std::string Path, Error;
@@ -38,6 +40,8 @@ TEST_F(FilesTest, ReadsEveryByteOrTellsWhyNot) {
       {m_folder.Path(), "it is a folder", false, true},
       {m_folder.Path("file"), "Permission denied", true, false},
       {"", "No such file or directory", false, false},
+      {m_folder.Path("pipe"), "it is a pipe, not a file", true, false},
+      {"/dev/zero", "it is a device, not a file", true, false},
   };
   for (const Case& c : cases) {
     const FileContent content = ReadFile(c.Path);
@@ -78,26 +82,70 @@ TEST_F(FilesTest, WritingKeepsModeAndLinks) {
 }
 
 TEST_F(FilesTest, AFailedWriteLeavesTheOldFile) {
-  m_folder.Write("locked/file", "old");
-  m_folder.SetMode("locked/file", 0666);
+  m_folder.Write("locked/other", "old");
   m_folder.SetMode("locked", 0555);
   m_folder.Write("readonly", "old");
   m_folder.SetMode("readonly", 0444);
   std::filesystem::create_directory(m_folder.Path("folder"));
   std::filesystem::create_symlink("loop", m_folder.Path("loop"));
+  ASSERT_EQ(::mkfifo(m_folder.Path("pipe").c_str(), 0666), 0);
   const OrdinaryUser user;
-  const std::pair<const char*, const char*> cases[] = {
-      {"locked/file", "Permission denied"},       {"locked/new", "Permission denied"},
-      {"readonly", "Permission denied"},          {"folder", "it is not a regular file"},
-      {"gone/file", "No such file or directory"},
+  const std::pair<std::string, const char*> cases[] = {
+      {m_folder.Path("locked/new"), "Permission denied"},
+      {m_folder.Path("locked/other"), "Permission denied"},
+      {m_folder.Path("readonly"), "Permission denied"},
+      {m_folder.Path("folder"), "it is not a regular file"},
+      {m_folder.Path("pipe"), "it is not a regular file"},
+      {"/dev/full", "it is not a regular file"},
+      {m_folder.Path("gone/file"), "No such file or directory"},
+      {m_folder.Path("loop"), "Too many levels of symbolic links"},
   };
-  for (const auto& [name, error] : cases) EXPECT_EQ(WriteFile(m_folder.Path(name), "new"), error) << name;
-  EXPECT_EQ(WriteFile(m_folder.Path("loop"), "new"), "Too many levels of symbolic links");
-  EXPECT_EQ(WriteFile("/dev/full", "new"), "it is not a regular file");
-  EXPECT_EQ(m_folder.Read("locked/file"), "old");
+  for (const auto& [path, error] : cases) EXPECT_EQ(WriteFile(path, "new"), error) << path;
+  EXPECT_EQ(m_folder.Read("locked/other"), "old");
   EXPECT_EQ(m_folder.Read("readonly"), "old");
   EXPECT_TRUE(std::filesystem::is_symlink(m_folder.Path("loop")));
-  EXPECT_EQ(m_folder.EntryCount(), 4u) << "nothing is left beside the files";
+  EXPECT_EQ(m_folder.EntryCount(), 5u) << "nothing is left beside the files";
+}
+
+TEST_F(FilesTest, WhatARenameCannotKeepIsWrittenInPlace) {
+  m_folder.Write("locked/file", "old and longer");
+  m_folder.SetMode("locked/file", 0666);
+  m_folder.SetMode("locked", 0555);
+  m_folder.Write("first", "old");
+  m_folder.SetMode("first", 0666);
+  std::filesystem::create_hard_link(m_folder.Path("first"), m_folder.Path("second"));
+  const OrdinaryUser user;
+  EXPECT_EQ(WriteFile(m_folder.Path("locked/file"), "new"), "");
+  EXPECT_EQ(m_folder.Read("locked/file"), "new");
+  EXPECT_EQ(WriteFile(m_folder.Path("second"), "new"), "");
+  EXPECT_EQ(m_folder.Read("first"), "new");
+  EXPECT_EQ(m_folder.EntryCount(), 3u) << "the copies are gone";
+}
+
+TEST_F(FilesTest, AFileThatSomebodyElseChangedIsNotReplaced) {
+  const std::string path = m_folder.Write("file", "known");
+  FileIdentity known;
+  EXPECT_EQ(ReadIdentified(path, known).Bytes, "known");
+  m_folder.Write("file", "other");  // of the same size and, most likely, the same time
+  const SaveResult refused = SafeSave(path, "mine", &known);
+  EXPECT_TRUE(refused.Changed);
+  EXPECT_FALSE(refused.Ok());
+  EXPECT_EQ(m_folder.Read("file"), "other");
+
+  m_folder.Write("file", "known");  // another time, the same contents
+  SaveResult saved = SafeSave(path, "mine", &known);
+  EXPECT_EQ(saved.Error, "");
+  EXPECT_EQ(m_folder.Read("file"), "mine");
+  EXPECT_EQ(LookAt(path, saved.Written).Difference, FileDifference::None);
+
+  std::filesystem::remove(path);
+  EXPECT_EQ(LookAt(path, saved.Written).Difference, FileDifference::Missing);
+  EXPECT_TRUE(SafeSave(path, "again", &saved.Written).Changed);
+  const FileIdentity nothing;
+  EXPECT_EQ(SafeSave(path, "again", &nothing).Error, "");
+  EXPECT_TRUE(SafeSave(path, "twice", &nothing).Changed);
+  EXPECT_EQ(m_folder.Read("file"), "again");
+  EXPECT_EQ(m_folder.EntryCount(), 1u);
 }
 
 TEST_F(FilesTest, AWriteThatBreaksOffLeavesTheOldFile) {

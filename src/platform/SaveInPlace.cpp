@@ -1,0 +1,143 @@
+// Saving by writing over the file itself, which keeps its links, its owner and its place in a folder that takes no
+// other.
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <vector>
+
+#include "platform/FileDescriptor.h"
+#include "platform/SaveSteps.h"
+
+namespace platform {
+namespace {
+
+constexpr int MostCopies = 100;
+
+/// Beside the target, so that whoever finds half a file finds the copy too.
+std::string CopyName(const std::string& folder, const std::string& target, int number) {
+  constexpr std::size_t LongestName = 200;  // a copy of a file with the longest of names needs a name too
+  std::string name = std::filesystem::path(target).filename().string().substr(0, LongestName) + ".quillmark-backup";
+  if (number > 1) name += '.' + std::to_string(number);
+  return folder + '/' + name;
+}
+
+std::string Variable(const char* name) {
+  const char* value = std::getenv(name);
+  return value == nullptr ? "" : value;
+}
+
+/// Where a copy may stand, best first: the target's folder may not be writable.
+std::vector<std::string> CopyFolders(const std::string& target) {
+  std::vector<std::string> folders = {FolderOfTarget(target)};
+  const std::string home = Variable("HOME"), state = Variable("XDG_STATE_HOME"), temporary = Variable("TMPDIR");
+  if (!state.empty() || !home.empty())
+    folders.push_back((state.empty() ? home + "/.local/state" : state) + "/quillmark");
+  folders.push_back(temporary.empty() ? "/tmp" : temporary);
+  return folders;
+}
+
+/// A synced copy of what the file held. It stays until Remove.
+class Copy {
+ public:
+  bool Make(const std::string& target, std::string_view bytes) {
+    int error = 0;
+    for (const std::string& folder : CopyFolders(target)) {
+      if (MakeIn(folder, target, bytes)) return true;
+      if (error == 0) error = errno;  // what is wrong with the file's own folder is the reason to tell
+    }
+    errno = error;
+    return false;
+  }
+  void Remove() {
+    if (::unlink(m_path.c_str()) == 0) SyncFolder(FolderOfTarget(m_path));
+  }
+  const std::string& Path() const { return m_path; }
+
+ private:
+  bool MakeIn(const std::string& folder, const std::string& target, std::string_view bytes) {
+    std::error_code ignored;
+    if (folder.ends_with("/quillmark") && std::filesystem::create_directories(folder, ignored))
+      ::chmod(folder.c_str(), 0700);
+    FileDescriptor file;
+    for (int number = 1; !file.IsOpen() && number <= MostCopies; ++number) {
+      m_path = CopyName(folder, target, number);
+      file = FileDescriptor(::open(m_path.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_NOFOLLOW | O_CLOEXEC, 0600));
+      if (!file.IsOpen() && errno != EEXIST) return false;
+    }
+    if (!file.IsOpen()) return false;
+    if (WriteAt(file.Get(), bytes, 0) && Sync(file.Get()) && SyncFolder(folder)) return true;
+    const int error = errno;
+    ::unlink(m_path.c_str());
+    errno = error;
+    return false;
+  }
+
+  std::string m_path;
+};
+
+/// Gives the open file these contents, on the disk. The end is cut off last, so that what the file had at first still
+/// has its room should it have to come back. After a failed sync the system may have dropped what it held: everything
+/// is written once more.
+bool WriteContents(int descriptor, std::string_view bytes) {
+  for (int tries = 0; tries < 2; ++tries) {
+    if (!WriteAt(descriptor, bytes, 0) || ::ftruncate(descriptor, static_cast<off_t>(bytes.size())) != 0) return false;
+    if (Sync(descriptor)) return true;
+  }
+  return false;
+}
+
+bool IsFile(int descriptor, const struct stat& expected, struct stat& status) {
+  return ::fstat(descriptor, &status) == 0 && status.st_dev == expected.st_dev && status.st_ino == expected.st_ino;
+}
+
+bool HasTimes(const struct stat& a, const struct stat& b) {
+  return a.st_size == b.st_size && a.st_mtim.tv_sec == b.st_mtim.tv_sec && a.st_mtim.tv_nsec == b.st_mtim.tv_nsec;
+}
+
+/// Puts the old contents back; tells where they are when even that fails.
+SaveTry Restore(int descriptor, const SaveJob& job, std::string_view old, Copy& copy) {
+  SaveTry failed = FailedTry();
+  if (WriteContents(descriptor, old)) {
+    ApplyAttributes(descriptor, job.Attributes);
+    copy.Remove();
+  } else {
+    failed.Error += ".  The file could not be put back either; what it held is in \"" + copy.Path() + "\"";
+  }
+  return failed;
+}
+
+}  // namespace
+
+SaveTry SaveInPlace(const SaveJob& job) {
+  const FileDescriptor file(::open(job.Target.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+  if (!file.IsOpen()) return FailedTry(errno == ENOENT ? SaveStep::Changed : SaveStep::Failed);
+  struct stat before {
+  }, now{};
+  if (!IsFile(file.Get(), job.Status, before)) return {SaveStep::Changed, "", {}};
+  const FileContent old = ReadDescriptor(file.Get());
+  if (!old.Ok()) return {SaveStep::Failed, old.Error, {}};
+  if (job.Expected != nullptr && HashOf(old.Bytes) != job.Expected->Contents) return {SaveStep::Changed, "", {}};
+  Copy copy;
+  if (!copy.Make(job.Target, old.Bytes)) return FailedTry();
+  if (job.Expected != nullptr && (!IsFile(file.Get(), job.Status, now) || !HasTimes(before, now))) {
+    copy.Remove();
+    return {SaveStep::Changed, "", {}};
+  }
+  if (!WriteContents(file.Get(), job.Bytes)) return Restore(file.Get(), job, old.Bytes, copy);
+  ApplyAttributes(file.Get(), job.Attributes);  // writing takes set-id bits away
+  SaveTry done;
+  if (::fstat(file.Get(), &now) == 0) done.Written = IdentityOf(now, job.Bytes);
+  copy.Remove();
+  return done;
+}
+
+std::string CopyLeftBeside(const std::string& path) {
+  const std::string copy = CopyName(FolderOfTarget(path), path, 1);
+  return FileExists(copy) ? copy : "";
+}
+
+}  // namespace platform

@@ -8,8 +8,8 @@
 namespace editor {
 const std::vector<std::string_view>& DocumentTools() {
   static const std::vector<std::string_view> tools = {
-      "miFind",     "miReplace", "miFindNext", "miSelectAll",    "miPaste",   "miCopy",  "miCut",
-      "miWordWrap", "save",      "saveas",     "miEditSynonyms", "miRefresh", "GenPrev", "SaveExec"};
+      "miFind", "miReplace", "miFindNext",     "miSelectAll", "miPaste", "miCopy",   "miCut",  "miWordWrap",
+      "save",   "saveas",    "miEditSynonyms", "miRefresh",   "GenPrev", "SaveExec", "miUndo", "miRedo"};
   return tools;
 }
 
@@ -18,7 +18,8 @@ Document::Document(platform::TextControl& control, DocumentFrame& frame, Documen
       m_frame(frame),
       m_window(window),
       m_colouring({control, frame.Status(), frame.Loop(), frame.Settings()}, m_state),
-      m_view(control) {
+      m_view(control),
+      m_undo(control, frame.MakeTimer(), m_state, [this] { EnableUndoTools(); }) {
   m_control.SetEvents(this);
   m_control.SetWordWrap(false);
   m_state.Template.UseFont = static_cast<std::int16_t>(frame.Settings().DefaultFontType + 1);
@@ -207,6 +208,20 @@ void Document::WordWrap(bool on) {
   m_state.WordWrapOn = on;
 }
 
+void Document::Undo() {
+  if (!Busy()) m_undo.Undo();
+}
+
+void Document::Redo() {
+  if (!Busy()) m_undo.Redo();
+}
+
+void Document::EnableUndoTools() {
+  if (!m_window.IsActive()) return;
+  m_frame.EnableTool("miUndo", !m_undo.UndoStack().empty());
+  m_frame.EnableTool("miRedo", !m_undo.RedoStack().empty());
+}
+
 void Document::EnableButtons() {
   if (!m_window.IsActive()) return;
   for (const std::string_view tool : DocumentTools()) m_frame.EnableTool(tool, true);
@@ -217,6 +232,7 @@ void Document::EnableButtons() {
   m_frame.CheckTool("fntProportional", m_state.Template.UseFont == 1);
   m_frame.CheckTool("fntFixedWidth", m_state.Template.UseFont == 2);
   m_frame.CheckTool("fntDOS", m_state.Template.UseFont == 3);
+  EnableUndoTools();
 }
 
 void Document::Activated() {
@@ -255,7 +271,8 @@ bool Document::CancelColouring() {
   return wasColouring;
 }
 
-void Document::Change(const platform::TextChange&) {
+void Document::Change(const platform::TextChange& change) {
+  m_undo.RecordChange(change);
   if (m_state.DontChange) return;
   if (m_state.Saved) SetSaved(false);
   m_state.LineCount = m_control.LineCount();

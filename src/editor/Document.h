@@ -12,6 +12,7 @@
 #include "editor/DocumentFrame.h"
 #include "editor/DocumentState.h"
 #include "editor/PopupHost.h"
+#include "editor/UndoHistory.h"
 #include "editor/ViewKeeper.h"
 #include "platform/TextControl.h"
 #include "rich_text/Encoding.h"
@@ -50,6 +51,9 @@ class Document : public platform::TextControlEvents {
   void SetTemplateChosen(bool chosen) { m_state.Template.TemplateChosen = chosen; }
   void SetUseFont(std::int16_t useFont);
 
+  void Undo();
+  void Redo();
+
   /// The prompts of closing; false when the user wants the window to stay.
   bool MayClose();
 
@@ -66,7 +70,9 @@ class Document : public platform::TextControlEvents {
   /// Shows caret or selection, size and template in the status bar.
   void UpdateStatus();
 
-  bool KeyDown(int keyCode, int shift) override { return m_popups->KeyDown(keyCode, shift); }
+  bool KeyDown(int keyCode, int shift) override {
+    return m_popups->KeyDown(keyCode, shift) || m_undo.TakesKey(keyCode, shift);
+  }
   bool KeyPress(char32_t) override { return false; }
   void KeyUp(int keyCode, int shift) override {
     if (!m_popups->KeyUp(keyCode, shift)) UpdateStatus();
@@ -84,6 +90,7 @@ class Document : public platform::TextControlEvents {
   void ShowTemplateName();
   void ShowSize();
   void SetSaved(bool saved);
+  void EnableUndoTools();
   bool AskForName(std::string& path);
   bool WriteTo(const std::string& path);
   bool MayChangeEncoding(const std::string& path);
@@ -96,6 +103,7 @@ class Document : public platform::TextControlEvents {
   ViewKeeper m_view;
   NoPopups m_noPopups;
   PopupHost* m_popups = &m_noPopups;
+  UndoHistory m_undo;
   rich_text::TextEncoding m_encoding = rich_text::TextEncoding::Utf8;
   bool m_hasMark = false;
 };

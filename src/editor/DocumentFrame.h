@@ -1,12 +1,14 @@
 #pragma once
 // What a document asks of the frame around it and of the window that holds it.
 
+#include <memory>
 #include <string>
 #include <string_view>
 
 #include "platform/EventLoop.h"
 #include "platform/Prompts.h"
 #include "platform/StatusPanels.h"
+#include "platform/Timer.h"
 #include "settings/Settings.h"
 #include "templates/Model.h"
 
@@ -21,6 +23,8 @@ class DocumentFrame {
   virtual platform::Prompts& Prompts() = 0;
   virtual platform::EventLoop& Loop() = 0;
   virtual const settings::Settings& Settings() const = 0;
+  /// A timer that stands still.
+  virtual std::unique_ptr<platform::Timer> MakeTimer() = 0;
 
   /// The frame's chooser of a file to write: a title, a type's name and extension ("js", or several as in "htm;html").
   /// "" when cancelled.

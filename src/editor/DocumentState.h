@@ -59,22 +59,25 @@ class SelectionHold {
   bool m_before;
 };
 
-/// Marks a change of the text as the program's own while it lives.
+/// Marks a change of the text as the program's own while it lives. It may come up within another one, or while an undo
+/// is being applied.
 class ProgramChange {
  public:
-  explicit ProgramChange(DocumentState& state) : m_state(state) {
+  explicit ProgramChange(DocumentState& state) : m_state(state), m_dontChange(state.DontChange), m_mode(state.Mode) {
     m_state.DontChange = true;
     m_state.Mode = UndoMode::Program;
   }
   ~ProgramChange() {
-    m_state.Mode = UndoMode::Normal;
-    m_state.DontChange = false;
+    m_state.Mode = m_mode;
+    m_state.DontChange = m_dontChange;
   }
   ProgramChange(const ProgramChange&) = delete;
   ProgramChange& operator=(const ProgramChange&) = delete;
 
  private:
   DocumentState& m_state;
+  bool m_dontChange;
+  UndoMode m_mode;
 };
 
 }  // namespace editor

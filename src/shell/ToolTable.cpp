@@ -5,6 +5,8 @@ namespace {
 
 constexpr Tool Line{Separator, "", "", ""};
 
+const Tool Undo{"miUndo", "&Undo", "Undo last action", "Ctrl+Z"};
+const Tool Redo{"miRedo", "&Redo", "Repeat last action", "Ctrl+Y, Ctrl+Shift+Z"};
 const Tool Cut{"miCut", "Cu&t", "Cut current selection to clipboard", "Ctrl+X, Shift+Del"};
 const Tool Copy{"miCopy", "&Copy", "Copy current selection to clipboard", "Ctrl+C, Ctrl+Ins"};
 const Tool Paste{"miPaste", "&Paste", "Paste clipboard contents into document", "Ctrl+V, Shift+Ins"};
@@ -26,6 +28,9 @@ const std::vector<Band>& MenuBands() {
        "&Edit",
        {SelectAll,
         Line,
+        Undo,
+        Redo,
+        Line,
         Cut,
         Copy,
         Paste,
@@ -43,7 +48,9 @@ const std::vector<Band>& MenuBands() {
 
 const Band& TextPopup() {
   static const Band band = {
-      "TextPopup", "", {Cut, {"miCopy", "C&opy", Copy.Description, Copy.Shortcut}, Paste, Line, SelectAll}};
+      "TextPopup",
+      "",
+      {Undo, Redo, Line, Cut, {"miCopy", "C&opy", Copy.Description, Copy.Shortcut}, Paste, Line, SelectAll}};
   return band;
 }
 

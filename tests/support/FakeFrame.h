@@ -46,6 +46,21 @@ class FakeLoop : public platform::EventLoop {
   mutable std::int64_t m_now = 0;
 };
 
+/// A timer that fires when the test says.
+class FakeTimer : public platform::Timer {
+ public:
+  int Interval() const override { return m_interval; }
+  void SetInterval(int milliseconds) override { m_interval = milliseconds, ++Starts; }
+  /// The interval has passed.
+  void Fire() {
+    if (m_interval > 0) ThatTime();
+  }
+  int Starts = 0;  ///< how often the interval was set
+
+ private:
+  int m_interval = 0;
+};
+
 class FakeFrame : public editor::DocumentFrame {
  public:
   FakeStatus Bar;
@@ -59,11 +74,17 @@ class FakeFrame : public editor::DocumentFrame {
   std::string AskedType;            ///< type name and extension of the last file chooser
   std::vector<std::string> Clicks;  ///< tools run, and "TextPopup x,y"
   int TabUpdates = 0;
+  std::vector<FakeTimer*> Timers;  ///< those handed out, in order; each belongs to who asked for it
 
   platform::StatusPanels& Status() override { return Bar; }
   platform::Prompts& Prompts() override { return Questions; }
   platform::EventLoop& Loop() override { return Events; }
   const settings::Settings& Settings() const override { return Values; }
+  std::unique_ptr<platform::Timer> MakeTimer() override {
+    auto timer = std::make_unique<FakeTimer>();
+    Timers.push_back(timer.get());
+    return timer;
+  }
   std::string GetSaveFile(std::string_view title, std::string_view extName, std::string_view ext) override {
     return Questions.AskSaveFile(Question(title, extName, ext));
   }

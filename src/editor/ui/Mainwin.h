@@ -28,6 +28,8 @@ class Mainwin : public QWidget, public shell::ChildWindow, public DocumentWindow
     m_document->SetTemplate(fileName, noInitialText);
   }
   void SetTemplateChosen(bool chosen) { m_document->SetTemplateChosen(chosen); }
+  void Undo() { m_document->Undo(); }
+  void Redo() { m_document->Redo(); }
   void EnableButtons() { m_document->EnableButtons(); }
   void Activated();
 

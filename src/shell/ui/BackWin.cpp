@@ -164,6 +164,10 @@ void BackWin::DocumentCommand(const std::string& name, editor::ui::Mainwin& docu
     document.SaveFile(document.CurFileName());
   else if (name == "saveas")
     document.SaveFile("");
+  else if (name == "miUndo")
+    document.Undo();
+  else if (name == "miRedo")
+    document.Redo();
   else if (name == "miCut")
     text.Cut();
   else if (name == "miCopy")

@@ -8,6 +8,7 @@
 #include "editor/DocumentFrame.h"
 #include "editor/ui/Mainwin.h"
 #include "platform/qt/QtEventLoop.h"
+#include "platform/qt/QtTimer.h"
 #include "platform/qt/StatusBar.h"
 #include "settings/Settings.h"
 #include "shell/ui/Tools.h"
@@ -48,6 +49,7 @@ class BackWin : public QMainWindow, private editor::DocumentFrame {
   platform::Prompts& Prompts() override { return m_prompts; }
   platform::EventLoop& Loop() override { return m_loop; }
   const settings::Settings& Settings() const override { return m_settings; }
+  std::unique_ptr<platform::Timer> MakeTimer() override { return std::make_unique<platform::qt::QtTimer>(); }
   std::string GetSaveFile(std::string_view title, std::string_view extName, std::string_view ext) override;
   std::string AskTemplate() override;
   std::string GetTemplateOf(std::string_view extension) const override;

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QMdiSubWindow>
 #include <QTest>
@@ -117,6 +119,34 @@ TEST_F(FrameTest, TypingMarksTheDocumentAndSavingWritesIt) {
   EXPECT_TRUE(window.Saved());
   QTest::keyClick(window.TextArea().viewport(), Qt::Key_Up, Qt::ShiftModifier);
   EXPECT_EQ(Panel("CoOrds"), QStringLiteral("Selected: 2 lines"));
+}
+
+TEST_F(FrameTest, UndoAndRedoByTheirKeys) {
+  const std::string text = "var a = 1;\r\nvar b = '\xC3\xA4';\nvar c;\r\n";
+  editor::ui::Mainwin& window = Open("a.js", text);
+  platform::qt::RichTextBox& area = window.TextArea();
+  QGuiApplication::clipboard()->setText(QStringLiteral("var p;\nreturn 'q';\n"));
+  QTest::keyClick(area.viewport(), Qt::Key_V, Qt::ControlModifier);
+  const std::string pasted = area.Text();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return Tool("miUndo")->isEnabled(); })) << "half a second later it is a record";
+  area.Select(3, area.LineStart(5) + 2);
+  QTest::keyClick(area.viewport(), Qt::Key_Delete);
+  const std::string cut = area.Text();
+  EXPECT_EQ(cut, "varr c;\r\n");
+
+  const auto press = [&](Qt::Key key, Qt::KeyboardModifiers more = {}) {
+    QTest::keyClick(area.viewport(), key, Qt::ControlModifier | more);
+    return area.Text();
+  };
+  EXPECT_EQ(press(Qt::Key_Z), pasted) << "what is pending comes first";
+  EXPECT_EQ(press(Qt::Key_Z), text);
+  EXPECT_FALSE(Tool("miUndo")->isEnabled());
+  EXPECT_EQ(press(Qt::Key_Y), pasted);
+  EXPECT_EQ(press(Qt::Key_Z, Qt::ShiftModifier), cut);
+  EXPECT_FALSE(Tool("miRedo")->isEnabled());
+
+  Open("b.js", "other\n");
+  EXPECT_FALSE(Tool("miUndo")->isEnabled()) << "each document has a history of its own";
 }
 
 TEST_F(FrameTest, SaveAsTakesTheTemplatesTypeAndTheNewName) {

@@ -182,7 +182,7 @@ TEST_F(DocumentTemplateTest, TheUsersFontOverridesTheTemplates) {
 TEST_F(DocumentTemplateTest, ToolsAreEnabledAsTheDocumentNeedsThem) {
   m_document.SetTemplate(m_folder.Write("JS.def", "N: JavaScript\nR: node\n"));
   for (const std::string_view tool : editor::DocumentTools())
-    EXPECT_EQ(m_frame.Enabled.at(std::string(tool)), tool != "save") << tool;
+    EXPECT_EQ(m_frame.Enabled.at(std::string(tool)), tool != "save" && tool != "miUndo" && tool != "miRedo") << tool;
   m_document.WordWrap(true);
   m_document.SetTemplate(m_folder.Write("Lower.def", "N: Javascript\n"));
   EXPECT_FALSE(m_frame.Enabled.at("GenPrev") || m_frame.Enabled.at("SaveExec"));

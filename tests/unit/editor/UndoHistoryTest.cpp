@@ -1,0 +1,241 @@
+// The undo history against a literal comparison of whole texts, and as a document uses it.
+
+#include "editor/UndoHistory.h"
+
+#include <gtest/gtest.h>
+
+#include "editor/Document.h"
+#include "tests/laws/Dice.h"
+#include "tests/support/FakeFrame.h"
+#include "tests/support/MemoryTextControl.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace {
+
+using editor::cUndoElement;
+using Records = std::vector<cUndoElement>;
+
+/// The characters of a text: code points, and CR LF pairs.
+std::vector<std::string> Characters(const std::string& text) {
+  std::vector<std::string> characters;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const bool goesOn = (static_cast<unsigned char>(text[i]) & 0xC0) == 0x80;
+    const bool endsPair = text[i] == '\n' && i > 0 && text[i - 1] == '\r';
+    if (characters.empty() || !(goesOn || endsPair)) characters.emplace_back();
+    characters.back() += text[i];
+  }
+  return characters;
+}
+
+template <typename Iterator>
+std::string Joined(Iterator from, Iterator to) {
+  std::string text;
+  while (from != to) text += *from++;
+  return text;
+}
+
+/// Compares whole texts, character by character, from both ends.
+std::optional<cUndoElement> LiteralChange(const std::string& before, const std::string& after) {
+  if (before == after) return std::nullopt;
+  const std::vector<std::string> a = Characters(before), b = Characters(after);
+  const auto shorter = static_cast<std::ptrdiff_t>(std::min(a.size(), b.size()));
+  std::ptrdiff_t start = 0, tail = 0;
+  while (start < shorter && a[static_cast<std::size_t>(start)] == b[static_cast<std::size_t>(start)]) ++start;
+  while (tail < shorter - start && *(a.end() - 1 - tail) == *(b.end() - 1 - tail)) ++tail;
+  return cUndoElement{Joined(a.begin(), a.begin() + start).size(), Joined(b.begin() + start, b.end() - tail).size(),
+                      Joined(a.begin() + start, a.end() - tail)};
+}
+
+/// Random texts that repeat themselves, with line ends of every kind and characters of one to four bytes. Places are
+/// between characters, but a CR and an LF may come together or be parted from what stood between them.
+class Author {
+ public:
+  explicit Author(std::uint64_t seed) : m_dice(seed) {}
+
+  std::string Text(std::size_t longest) {
+    static const std::vector<std::vector<std::string>> alphabets = {
+        {"a"},
+        {"a", "b"},
+        {"\r\n", "\n", "\r"},
+        {"\r\n", "\n", "a", "\r"},
+        {"\xC3\xA9", "\xC3\xA8", "\xE2\x82\xAC", "\xE2\x82\xAD"},
+        {"\xF0\x9F\x98\x80", "\xF0\x9F\x98\x81", "x", "\r\n"},
+        {"v", "a", "r", " ", "=", "1", ";", "\r\n", "\xC3\xA4"}};
+    const std::vector<std::string>& alphabet = alphabets[m_dice.Below(alphabets.size())];
+    std::string text;
+    for (std::size_t count = m_dice.Below(longest + 1); count > 0; --count) text += m_dice.Pick(alphabet);
+    return text;
+  }
+
+  std::size_t Place(const std::string& text) {
+    const std::vector<std::string> characters = Characters(text);
+    const auto count = static_cast<std::ptrdiff_t>(m_dice.Below(characters.size() + 1));
+    return Joined(characters.begin(), characters.begin() + count).size();
+  }
+
+  /// Selects something in the control and replaces it.
+  void Edit(platform::TextControl& control) {
+    const std::string text = control.Text();
+    const std::size_t first = Place(text), second = m_dice.Chance(50) ? first : Place(text);
+    std::size_t end = std::max(first, second);
+    if (m_dice.Chance(80)) end = std::min(first, second) + (end - std::min(first, second)) % 4;
+    while (end < text.size() && Inside(text, end)) ++end;
+    control.SetSelStart(std::min(first, second));
+    control.SetSelLength(end - std::min(first, second));
+    control.SetSelText(m_dice.Chance(30) ? "" : m_dice.Chance(20) ? control.SelText() : Text(4));
+  }
+
+  laws::Dice& Dice() { return m_dice; }
+
+ private:
+  static bool Inside(const std::string& text, std::size_t at) {
+    return at > 0 &&
+           ((static_cast<unsigned char>(text[at]) & 0xC0) == 0x80 || (text[at] == '\n' && text[at - 1] == '\r'));
+  }
+
+  laws::Dice m_dice;
+};
+
+/// A control with a history of its own.
+class Listener : public platform::TextControlEvents {
+ public:
+  Listener() { m_control.SetEvents(this); }
+
+  bool KeyDown(int, int) override { return false; }
+  bool KeyPress(char32_t) override { return false; }
+  void KeyUp(int, int) override {}
+  void Change(const platform::TextChange& change) override { m_history.RecordChange(change); }
+  void SelChange() override {}
+  bool MouseDown(int, int, int, int) override { return false; }
+  void MouseUp(int, int, int, int) override {}
+  void FilesDropped(const std::vector<std::string>&) override {}
+
+  tests::MemoryTextControl m_control;
+  editor::DocumentState m_state;
+  tests::FakeTimer* m_timer = new tests::FakeTimer;
+  editor::UndoHistory m_history{m_control, std::unique_ptr<platform::Timer>(m_timer), m_state, [] {}};
+};
+
+// Ten thousand edits, in groups that merge.
+TEST(UndoHistoryLaws, RecordsAreThoseOfComparingWholeTextsAndBothEndsComeBack) {
+  std::size_t edits = 0, records = 0;
+  for (std::uint64_t seed = laws::FirstSeed(); edits < laws::Runs(10'000); ++seed) {
+    Author author(seed);
+    Listener of;
+    of.m_state.Mode = editor::UndoMode::Program;
+    of.m_control.SetText(author.Text(40));
+    of.m_state.Mode = editor::UndoMode::Normal;
+    const std::string first = of.m_control.Text();
+    Records expected;
+    for (std::size_t step = 0; step < 12; ++step) {
+      const std::string before = of.m_control.Text();
+      for (std::size_t count = 1 + author.Dice().Below(4); count > 0; --count, ++edits) author.Edit(of.m_control);
+      of.m_timer->Fire();
+      if (auto record = LiteralChange(before, of.m_control.Text())) expected.push_back(*record);
+      ASSERT_EQ(of.m_history.UndoStack().size(), expected.size()) << "seed " << seed << ", step " << step;
+      if (expected.empty()) continue;
+      const cUndoElement &shown = of.m_history.UndoStack().back(), &wanted = expected.back();
+      ASSERT_TRUE(shown == wanted) << "seed " << seed << ", step " << step << ": " << shown.iStart << ' '
+                                   << shown.lLength << " \"" << shown.sText << "\", not " << wanted.iStart << ' '
+                                   << wanted.lLength << " \"" << wanted.sText << '"';
+    }
+    records += expected.size();
+    const std::string last = of.m_control.Text();
+    while (!of.m_history.UndoStack().empty()) of.m_history.Undo();
+    ASSERT_EQ(of.m_control.Text(), first) << "seed " << seed;
+    while (!of.m_history.RedoStack().empty()) of.m_history.Redo();
+    ASSERT_EQ(of.m_control.Text(), last) << "seed " << seed;
+    ASSERT_EQ(of.m_history.UndoStack(), expected) << "seed " << seed;
+  }
+  EXPECT_GT(records, edits / 8);
+}
+
+class UndoTest : public testing::Test {
+ protected:
+  void Pause() { m_frame.Timers.front()->Fire(); }
+  void Select(std::size_t start, std::size_t length) {
+    m_control.SetSelStart(start);
+    m_control.SetSelLength(length);
+  }
+  std::string Tools() const {
+    const auto state = [&](const char* tool) { return m_frame.Enabled.at(tool) ? "on" : "off"; };
+    return std::string("undo ") + state("miUndo") + ", redo " + state("miRedo");
+  }
+
+  tests::TemporaryFolder m_folder;
+  tests::MemoryTextControl m_control;
+  tests::FakeFrame m_frame;
+  tests::FakeWindow m_window;
+  editor::Document m_document{m_control, m_frame, m_window};
+};
+
+TEST_F(UndoTest, ABurstOfTypingIsOneStepAndTheToolsFollowTheStacks) {
+  m_document.Activated();
+  EXPECT_EQ(Tools(), "undo off, redo off");
+  m_control.Type("word");
+  EXPECT_EQ(m_frame.Timers.front()->Interval(), 500);
+  EXPECT_EQ(Tools(), "undo off, redo off");
+  Pause();
+  EXPECT_EQ(Tools(), "undo on, redo off");
+  m_control.Type(" and");
+  m_document.Undo();
+  EXPECT_EQ(m_control.Text(), "word") << "what was pending is undone first";
+  EXPECT_EQ(Tools(), "undo on, redo on");
+  m_document.Undo();
+  EXPECT_EQ(m_control.Text(), "");
+  EXPECT_EQ(Tools(), "undo off, redo on");
+  m_document.Undo();
+  m_document.Redo();
+  m_document.Redo();
+  EXPECT_EQ(m_control.Text(), "word and");
+  EXPECT_EQ(Tools(), "undo on, redo off");
+  EXPECT_FALSE(m_document.State().Saved);
+}
+
+TEST_F(UndoTest, ANewEditEmptiesTheRedoHistory) {
+  m_control.Type("one");
+  m_document.Undo();
+  m_control.Type("two");
+  EXPECT_EQ(Tools(), "undo off, redo on");
+  m_document.Redo();
+  EXPECT_EQ(m_control.Text(), "two") << "the edit was there before the redo";
+  EXPECT_EQ(Tools(), "undo on, redo off");
+}
+
+TEST_F(UndoTest, ControlZTakesBackWhatIsOnlyPending) {
+  m_control.Type("abc");
+  EXPECT_TRUE(m_control.Press('Z', platform::Shift::Ctrl));
+  EXPECT_EQ(m_control.Text(), "");
+}
+
+TEST_F(UndoTest, ChangesThatCancelEachOtherLeaveNoRecord) {
+  m_control.Type("a");
+  Pause();
+  m_control.Type("b");
+  m_control.Press(8);
+  Pause();
+  m_document.Undo();
+  EXPECT_EQ(m_control.Text(), "");
+}
+
+TEST_F(UndoTest, TheProgramsOwnChangesAreNotRecordedAndTheViewStays) {
+  m_document.SetTemplate(m_folder.Write("S.def", "N: S\nC: #0000FF\nL: \"word\" 0  1 True\nD: \" \"\n"));
+  m_document.OpenFile(m_folder.Write("file.txt", "word one\nword two\n"));
+  m_document.ColourScan();
+  Pause();
+  EXPECT_EQ(Tools(), "undo off, redo off");
+  Select(5, 3);
+  m_control.Type("x");
+  Select(2, 4);
+  m_control.SetVerticalScroll(1);
+  const int focused = m_control.FocusCalls();
+  m_document.Undo();
+  EXPECT_EQ(m_control.Text(), "word one\nword two\n");
+  EXPECT_EQ(m_control.SelStart(), 2u);
+  EXPECT_EQ(m_control.SelLength(), 4u);
+  EXPECT_EQ(m_control.VerticalScroll(), 1u);
+  EXPECT_TRUE(m_control.Enabled());
+  EXPECT_GT(m_control.FocusCalls(), focused);
+}
+
+}  // namespace

@@ -7,4 +7,12 @@ const platform::FontRecord& Settings::FontOf(std::int16_t useFont) const {
   return type == 1 ? ProportionalFont : type == 3 ? DosFont : FixedFont;
 }
 
+void SetDefaultFonts(Settings& values) {
+  const Settings defaults;
+  values.ProportionalFont = defaults.ProportionalFont;
+  values.FixedFont = defaults.FixedFont;
+  values.DosFont = defaults.DosFont;
+  values.DosFontCharset = defaults.DosFontCharset;
+}
+
 }  // namespace settings

@@ -1,0 +1,211 @@
+#include <gtest/gtest.h>
+
+#include <map>
+#include <random>
+#include <string>
+
+#include "rich_text/Encoding.h"
+#include "settings/RegistryFile.h"
+#include "settings/RegistryText.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace {
+
+using namespace settings;
+using platform::RegistryResult;
+using platform::RegistryType;
+using platform::RegistryValue;
+
+const std::string FirstLine = "Windows Registry Editor Version 5.00\r\n\r\n";
+
+// As another machine exports it.
+const std::string Sample = FirstLine +
+                           "; a note\r\n"
+                           "[HKEY_CURRENT_USER\\Software\\A]\r\n"
+                           "@=\"3.0\"\r\n"
+                           "\"path\"=\"C:\\\\a \\\"b\\\"\\\\\"\r\n"
+                           "; another\r\n"
+                           "\"number\"=dword:0000002a\r\n"
+                           "\"several\"=hex(7):61,00,00,00,62,00,\\\r\n"
+                           "  00,00,00,00\r\n"
+                           "\"Bytes\"=hex:00,ff,\\\r\n"
+                           "  10\r\n"
+                           "\"expand\"=hex(2):e4,00,3d,d8,00,de,00,00\r\n"
+                           "\r\n"
+                           "[HKEY_CURRENT_USER\\Software\\A\\B]\r\n"
+                           "\"empty\"=hex:\r\n"
+                           "\r\n"
+                           "[HKEY_LOCAL_MACHINE\\Software\\A]\r\n"
+                           "\"path\"=\"other\"\r\n"
+                           "\r\n";
+
+RegistryValue Text(std::string text) {
+  return {RegistryType::String, std::move(text)};
+}
+
+TEST(Registry, ExportedTextIsReadAndComesBackByteForByte) {
+  RegistryText text;
+  text.Read(Sample);
+  EXPECT_TRUE(text.Damages().empty());
+  EXPECT_EQ(text.Write(), Sample);
+  RegistryTextKey* key = text.Find("hkey_current_user\\SOFTWARE\\a");
+  ASSERT_NE(key, nullptr);
+  EXPECT_EQ(key->Find("")->Content, Text("3.0"));
+  EXPECT_EQ(key->Find("PATH")->Content, Text("C:\\a \"b\"\\"));
+  EXPECT_EQ(key->Find("bytes")->Content, (RegistryValue{RegistryType::Binary, std::string("\0\xFF\x10", 3)}));
+  EXPECT_EQ(key->Find("expand")->Content, Text("\xC3\xA4\xF0\x9F\x98\x80"));
+  EXPECT_EQ(key->Find("number")->Content.Type, RegistryType::Other);
+
+  // A change touches its own line alone.
+  key->Set("Path", Text("x"));
+  std::string expected = Sample;
+  expected.replace(expected.find("\"C:"), 15, "\"x\"");
+  EXPECT_EQ(text.Write(), expected);
+  text.Remove("HKEY_CURRENT_USER\\software\\A");
+  EXPECT_EQ(text.Write(), FirstLine + Sample.substr(Sample.find("[HKEY_LOCAL")));
+}
+
+TEST(Registry, NewBinariesAreBrokenAtEightyColumns) {
+  RegistryText text;
+  text.Create("K").Set("Bytes", {RegistryType::Binary, std::string(50, '\x5A')});
+  std::string row;
+  for (int i = 0; i < 22; ++i) row += "5a,";
+  std::string second;
+  for (int i = 0; i < 25; ++i) second += "5a,";
+  EXPECT_EQ(text.Write(), FirstLine + "[K]\r\n\"Bytes\"=hex:" + row + "\\\r\n  " + second + "\\\r\n  5a,5a,5a\r\n\r\n");
+}
+
+TEST(Registry, ADamagedLineIsToldAndTheLinesAroundItCount) {
+  struct Case {
+    const char *Line, *Damage;
+  };
+  for (const Case& c : {Case{"nonsense", "line 4: this is neither a key nor a value"},
+                        Case{"\"a", "line 4: the name's closing quote is missing"},
+                        Case{"\"a\":1", "line 4: \"=\" is missing behind the name"},
+                        Case{"\"a\"=\"b\\\"", "line 4: the closing quote is missing"},
+                        Case{"\"a\"=\"b\" c", "line 4: something stands behind the closing quote"},
+                        Case{"\"a\"=hex:0g", "line 4: a byte is no pair of hexadecimal digits"},
+                        Case{"\"a\"=hex:01,\\", nullptr}, Case{"\"a\"=-", "line 4: there is no value"},
+                        Case{"[-HKEY_CURRENT_USER\\K]", "line 4: this is no key; the values below it are left out"}}) {
+    RegistryText text;
+    text.Read(FirstLine + "[K]\r\n" + c.Line + "\r\n\"z\"=\"1\"\r\n[L]\n\"y\"=\"2\"");
+    if (c.Damage) {
+      EXPECT_EQ(text.Damages().at(0), c.Damage);
+    }
+    EXPECT_EQ(text.Find("K")->Find("z") != nullptr, c.Line[0] != '[') << c.Line;
+    EXPECT_EQ(text.Find("L")->Find("y")->Content, Text("2")) << c.Line;
+  }
+}
+
+std::string RandomText(std::mt19937& random, const std::vector<std::string>& pieces) {
+  std::string text;
+  for (std::size_t n = random() % 12; n > 0; --n) text += pieces[random() % pieces.size()];
+  return text;
+}
+
+TEST(Registry, AnyTextAndBytesComeBack) {
+  std::mt19937 random(7);
+  const std::vector<std::string> pieces = {"\\",  "\"", "=", ",", ";", "[", " ", "a", "\xC3\xBC", "\xF0\x9F\x98\x80",
+                                           "hex:"};
+  std::vector<std::string> withLineEnds = pieces;
+  withLineEnds.insert(withLineEnds.end(), {"\r\n", "\n", std::string(1, '\0')});
+  for (int round = 0; round < 500; ++round) {
+    RegistryText written, read;
+    std::map<std::string, RegistryValue> expected;
+    for (int i = 0; i < 5; ++i) {
+      const std::string name = RandomText(random, pieces);
+      std::string data = RandomText(random, withLineEnds);
+      if (data.ends_with('\0')) data += 'x';
+      expected[name] = {i % 2 ? RegistryType::Binary : RegistryType::String, data};
+      written.Create("K").Set(name, expected[name]);
+    }
+    read.Read(written.Write());
+    ASSERT_TRUE(read.Damages().empty()) << read.Damages()[0] << "\n" << written.Write();
+    for (const auto& [name, value] : expected) ASSERT_EQ(read.Find("K")->Find(name)->Content, value) << written.Write();
+    ASSERT_EQ(read.Write(), written.Write());
+  }
+}
+
+TEST(Registry, GarbageIsSurvivedAndWhatIsWrittenIsSound) {
+  std::mt19937 random(11);
+  for (int round = 0; round < 1000; ++round) {
+    std::string bytes = Sample;
+    for (std::size_t n = random() % 8; n > 0; --n) bytes[random() % bytes.size()] = static_cast<char>(random());
+    if (round % 3 == 0) bytes.erase(random() % bytes.size(), random() % 40);
+    if (round % 10 == 0)
+      for (char& c : bytes) c = static_cast<char>(random());
+    RegistryText first, second;
+    first.Read(bytes);
+    second.Read(first.Write());
+    ASSERT_TRUE(second.Damages().empty()) << round << ' ' << second.Damages()[0];
+    ASSERT_EQ(second.Write(), first.Write()) << round;
+  }
+}
+
+TEST(RegistryFile, KeysAreMadeListedAndRemoved) {
+  const tests::TemporaryFolder folder;
+  RegistryFile file(folder.Path("new/folder/registry.reg"));
+  EXPECT_EQ(file.OpenKey("A"), RegistryResult::FileNotFound);
+  EXPECT_EQ(file.SetValue("A\\B", "x", Text("1")), RegistryResult::FileNotFound);
+  EXPECT_TRUE(file.CreateKey("A\\B").NewlyCreated);
+  EXPECT_FALSE(file.CreateKey("a").NewlyCreated);
+  file.SetValue("A\\B", "long name", Text("1234"));
+  file.SetValue("A\\B", "x", Text("2"));
+  file.SetValue("a\\b", "X", Text("3"));
+  const auto info = file.QueryValueInfo("A\\B");
+  EXPECT_EQ(info.Count, 2U);
+  EXPECT_EQ(info.LongestName, 10U);
+  EXPECT_EQ(info.LongestData, 4U);
+  std::string name;
+  RegistryValue value;
+  EXPECT_EQ(file.EnumValue("A\\B", 1, name, value), RegistryResult::Success);
+  EXPECT_EQ(name + value.Data, "x3");
+  EXPECT_EQ(file.EnumValue("A\\B", 2, name, value), RegistryResult::NoMoreItems);
+  EXPECT_EQ(file.SetValue("A\\B", "a\nb", Text("")), RegistryResult::InvalidParameter);
+  EXPECT_EQ(file.Flush(), "");
+  EXPECT_EQ(RegistryFile(folder.Path("new/folder/registry.reg")).QueryValue("A\\B", "X", value),
+            RegistryResult::Success);
+  EXPECT_EQ(file.DeleteKey("A"), RegistryResult::Success);
+  EXPECT_EQ(file.OpenKey("A\\B"), RegistryResult::FileNotFound);
+}
+
+TEST(RegistryFile, TheOldFileStaysWholeWhenWritingFailsAndIsKeptWhenItWasDamaged) {
+  const tests::TemporaryFolder folder;
+  const std::string path = folder.Write("sub/registry.reg", "rubbish\r\n" + Sample.substr(FirstLine.size()));
+  RegistryFile file(path);
+  ASSERT_EQ(file.Damages().size(), 1U);
+  EXPECT_EQ(file.Damages()[0], path + ", line 1: the format's first line is missing");
+  const std::string old = folder.Read("sub/registry.reg");
+  EXPECT_EQ(file.CreateKey("New").Result, RegistryResult::Success);
+  folder.SetMode("sub", 0555);
+  {
+    const tests::OrdinaryUser user;
+    EXPECT_EQ(file.Flush(), path + ".damaged: Permission denied");
+  }
+  EXPECT_EQ(folder.Read("sub/registry.reg"), old);
+  folder.SetMode("sub", 0755);
+  EXPECT_EQ(file.Flush(), "");
+  EXPECT_EQ(folder.Read("sub/registry.reg.damaged"), old);
+  EXPECT_EQ(RegistryFile(path).OpenKey("New"), RegistryResult::Success);
+  EXPECT_TRUE(RegistryFile(path).Damages().empty());
+}
+
+TEST(RegistryFile, WhatCannotBeReadIsNotWritten) {
+  const tests::TemporaryFolder folder;
+  std::filesystem::create_directory(folder.Path("registry.reg"));
+  RegistryFile file(folder.Path("registry.reg"));
+  EXPECT_EQ(file.OpenKey("A"), RegistryResult::AccessDenied);
+  EXPECT_EQ(file.CreateKey("A").Result, RegistryResult::AccessDenied);
+  EXPECT_EQ(file.Flush(), folder.Path("registry.reg") + ": it is not a regular file");
+}
+
+TEST(RegistryFile, AnExportInSixteenBitCharactersIsTaken) {
+  const tests::TemporaryFolder folder;
+  const RegistryFile file(folder.Write("registry.reg", "\xFF\xFE" + ToUtf16(Sample)));
+  RegistryValue value;
+  EXPECT_EQ(file.QueryValue("Software\\A", "path", value), RegistryResult::Success);
+  EXPECT_EQ(value, Text("C:\\a \"b\"\\"));
+  EXPECT_TRUE(file.Damages().empty());
+}
+
+}  // namespace

@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include "shell/CaretPlace.h"
 #include "shell/ExecuteString.h"
+#include "tests/support/MemoryTextControl.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace {
@@ -85,6 +87,27 @@ TEST(CommandLine, OnlyTheTwoVerbsAreAccepted) {
         ExecuteCommand(command, {[&](const std::string& path) { done = "open " + path; }, [&] { done = "front"; }});
     EXPECT_EQ(accepted ? done : done + "refused", expected) << command;
   }
+}
+
+TEST(CommandLine, PlacesAreCharactersInExistingLines) {
+  tests::MemoryTextControl control;
+  control.SetText("ab\r\n\xC3\xA4\xC3\xB6\xF0\x9F\x98\x80x\n\nend");
+  struct Case {
+    std::size_t Line, Column, Offset;
+  };
+  for (const Case& c : {Case{1, 0, 0},
+                        {1, 2, 1},
+                        {1, 3, 2},
+                        {1, 99, 2},
+                        {2, 1, 4},
+                        {2, 3, 8},
+                        {2, 4, 12},
+                        {2, 99, 13},
+                        {3, 5, 14},
+                        {4, 4, 18},
+                        {99, 2, 16},
+                        {99, 1000000000000, 18}})
+    EXPECT_EQ(OffsetOf(control, c.Line, c.Column), c.Offset) << c.Line << ':' << c.Column;
 }
 
 }  // namespace

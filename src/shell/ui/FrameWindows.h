@@ -1,0 +1,48 @@
+#pragma once
+// The child windows inside the frame: made, listed, brought to the front, arranged and closed.
+
+#include <QMdiArea>
+#include <vector>
+
+#include "shell/ChildWindow.h"
+
+namespace shell::ui {
+
+class FrameWindows : public QMdiArea {
+  Q_OBJECT
+
+ public:
+  explicit FrameWindows(QWidget* parent);
+
+  /// Shows a widget that is a ChildWindow in a window of its own: maximised if it is the first, else in the state of
+  /// the active one. The window closes and goes with the widget.
+  void Add(QWidget* child);
+
+  /// The child windows in the order in which they were opened.
+  std::vector<ChildWindow*> Windows() const;
+  /// The same, for the lists of windows.
+  std::vector<const ChildWindow*> Listed() const;
+  /// The one in front, null when there is none.
+  ChildWindow* Active() const;
+
+  /// By the index in Windows(); any other index does nothing.
+  void Activate(std::size_t index);
+  void Close(std::size_t index);
+  /// Closes one after another until one of them wants to stay; true when all have gone.
+  bool CloseAll();
+
+  void TileHorizontally();
+  void TileVertically();
+  void Cascade();
+  void ArrangeMinimised();
+
+ private:
+  QList<QMdiSubWindow*> Arrangeable() const;
+  QSize TileArea() const;
+  QMdiSubWindow* At(std::size_t index) const;
+};
+
+/// The child that a window shows, null for none.
+ChildWindow* ChildIn(const QMdiSubWindow* window);
+
+}  // namespace shell::ui

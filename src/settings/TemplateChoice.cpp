@@ -1,0 +1,60 @@
+#include "settings/TemplateChoice.h"
+
+#include "platform/FileParsing.h"
+#include "platform/Files.h"
+
+namespace settings {
+namespace {
+
+std::string FirstOf(const std::vector<templates::Template>& list, std::string_view extension) {
+  for (const templates::Template& record : list)
+    if (templates::NamesExtension(record.Extension, extension)) return record.FileName;
+  return "";
+}
+
+/// The template that the user picks; none when cancelled.
+std::string AskTemplate(const std::string& extension, const TemplateSources& sources, platform::Prompts& prompts) {
+  const std::string file =
+      prompts.AskOpenFile({.Title = "Select Template",
+                           .Filters = {{"Template Definition File", {"*.def"}}, {"All Files", {"*.*"}}},
+                           .Folder = sources.ProgramFolder,
+                           .SuggestedName = ""});
+  if (file.empty()) return templates::NoTemplate;
+  const auto answer = prompts.Show({.Text = "Would you like to use this template for all ." + extension + " files?",
+                                    .Buttons = platform::PromptButtons::YesNo,
+                                    .Icon = platform::PromptIcon::Question,
+                                    .Default = platform::PromptAnswer::Yes});
+  if (answer == platform::PromptAnswer::Yes) sources.Values.Associations.push_back({"", extension, file});
+  return file;
+}
+
+}  // namespace
+
+bool MayOpen(const std::string& path, platform::Prompts& prompts) {
+  if (platform::FileExists(path)) return true;
+  prompts.Show(
+      {.Text = path + " does not exist.", .Title = "Error opening file...", .Icon = platform::PromptIcon::Critical});
+  return false;
+}
+
+std::string GetTemplateOf(std::string_view extension, const std::vector<templates::Template>& templateList,
+                          const std::vector<templates::Template>& associations) {
+  const std::string file = FirstOf(templateList, extension);
+  return file.empty() ? FirstOf(associations, extension) : file;
+}
+
+ChosenTemplate ChooseTemplate(const std::string& path, const TemplateSources& sources, platform::Prompts& prompts) {
+  ChosenTemplate chosen;
+  if (const auto record = sources.Records.Find(path)) {
+    chosen.File = record->UsesTemplate;
+    chosen.Synonyms = record->UsesSynonyms;
+  }
+  const std::string extension = platform::FileExtension(path);
+  if (chosen.File.empty()) chosen.File = GetTemplateOf(extension, sources.TemplateList, sources.Values.Associations);
+  if (!chosen.File.empty()) return chosen;
+  chosen.TemplateChosen = sources.Values.AskUnknownTemplates;
+  chosen.File = chosen.TemplateChosen ? AskTemplate(extension, sources, prompts) : sources.Values.DefOpenTemplate;
+  return chosen;
+}
+
+}  // namespace settings

@@ -18,6 +18,8 @@ Document::Document(platform::TextControl& control, DocumentFrame& frame, Documen
       m_frame(frame),
       m_window(window),
       m_colouring({control, frame.Status(), frame.Loop(), frame.Settings()}, m_state),
+      m_lines(control, m_state, m_colouring, frame.Settings()),
+      m_keys(control, frame, m_state),
       m_view(control),
       m_undo(control, frame.MakeTimer(), m_state, [this] { EnableUndoTools(); }) {
   m_control.SetEvents(this);
@@ -235,8 +237,15 @@ void Document::EnableButtons() {
   EnableUndoTools();
 }
 
+void Document::SetPopups(PopupHost& popups) {
+  m_popups = &popups;
+  m_keys.SetPopups(popups);
+}
+
 void Document::Activated() {
   EnableButtons();
+  EnableSelectionTools();
+  m_frame.Status().SetOverwrite(m_state.Overwrite);
   if (!m_state.Colouring) m_frame.Status().SetStyle(platform::StatusStyle::Normal);
   UpdateStatus();
   m_frame.UpdateWindowTabs();
@@ -247,15 +256,21 @@ void Document::ShowTemplateName() {
 }
 
 void Document::ShowSize() {
-  m_frame.Status().SetPanelText("DocSize", SizeText(m_state.LineCount));
+  if (m_window.IsActive()) m_frame.Status().SetPanelText("DocSize", SizeText(m_state.LineCount));
+}
+
+// Cutting and copying are for what the user has selected.
+void Document::EnableSelectionTools() {
+  if (!m_window.IsActive()) return;
+  for (const char* tool : {"miCopy", "miCut"}) m_frame.EnableTool(tool, m_keys.ReallySelected());
 }
 
 void Document::UpdateStatus() {
+  m_lines.RecolourWhenLeft();
   if (!m_window.IsActive()) return;
-  const std::size_t start = m_control.SelStart(), length = m_control.SelLength();
-  if (length > 0) {
-    const std::size_t lines = m_control.LineOf(start + length) - m_control.LineOf(start) + 1;
-    m_frame.Status().SetPanelText("CoOrds", SelectionText(lines));
+  const std::size_t start = m_control.SelStart();
+  if (m_control.SelLength() > 0) {
+    m_frame.Status().SetPanelText("CoOrds", SelectionText(m_state.SelectedLines));
   } else {
     m_frame.Status().SetPanelText("CoOrds", CaretText(m_control.LineOf(start), m_control.ColumnOf(start)));
   }
@@ -271,17 +286,40 @@ bool Document::CancelColouring() {
   return wasColouring;
 }
 
+bool Document::KeyDown(int keyCode, int shift) {
+  m_state.KeyTyped = false;
+  return m_popups->KeyDown(keyCode, shift) || m_undo.TakesKey(keyCode, shift) || m_keys.KeyDown(keyCode, shift);
+}
+
+// The character has been typed by now, and what moves the caret next, a command perhaps, is no typing.
+void Document::KeyUp(int keyCode, int shift) {
+  if (m_popups->KeyUp(keyCode, shift)) return;
+  m_keys.SelectForOverwrite();
+  UpdateStatus();
+  m_state.KeyTyped = false;
+}
+
 void Document::Change(const platform::TextChange& change) {
   m_undo.RecordChange(change);
+  // Even what a pop-up writes for the user has to be saved; only what the program rewrites has not.
+  if (m_state.Saved && m_state.Mode != UndoMode::Program) SetSaved(false);
   if (m_state.DontChange) return;
-  if (m_state.Saved) SetSaved(false);
-  m_state.LineCount = m_control.LineCount();
+  if (m_lines.ProcessChange()) m_popups->CloseToolTip();
+  ShowSize();
+  if (m_control.Enabled() && m_window.IsActive()) m_control.SetFocus();
+}
+
+void Document::SelChange() {
+  m_lines.RecordSelection();
+  if (m_keys.SelectForOverwrite()) return;  // and that was told, too
+  EnableSelectionTools();
   UpdateStatus();
 }
 
 bool Document::MouseDown(int button, int, int x, int y) {
+  m_state.KeyTyped = false;
   if (button != 2) return false;
-  if (m_control.SelLength() == 0) m_control.SetSelStart(m_control.OffsetAt(x, y));
+  if (!m_keys.ReallySelected()) m_control.SetSelStart(m_control.OffsetAt(x, y));
   m_frame.ShowTextPopup(x, y);
   return true;
 }

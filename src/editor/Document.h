@@ -11,6 +11,8 @@
 #include "editor/Colouring.h"
 #include "editor/DocumentFrame.h"
 #include "editor/DocumentState.h"
+#include "editor/KeyRules.h"
+#include "editor/LineEditing.h"
 #include "editor/PopupHost.h"
 #include "editor/UndoHistory.h"
 #include "editor/ViewKeeper.h"
@@ -31,7 +33,7 @@ class Document : public platform::TextControlEvents {
   DocumentState& State() { return m_state; }
 
   /// Who shows the completion list and the tooltip; must outlive the document. Nobody, at first.
-  void SetPopups(PopupHost& popups) { m_popups = &popups; }
+  void SetPopups(PopupHost& popups);
 
   void UpdateFont();
   void ColourScan() { m_colouring.ColourScan(); }
@@ -67,18 +69,14 @@ class Document : public platform::TextControlEvents {
   void EnableButtons();
   /// Everything that the window's becoming active shows.
   void Activated();
-  /// Shows caret or selection, size and template in the status bar.
+  /// Shows caret or selection, size and template in the status bar; colours an edited line that the caret has left.
   void UpdateStatus();
 
-  bool KeyDown(int keyCode, int shift) override {
-    return m_popups->KeyDown(keyCode, shift) || m_undo.TakesKey(keyCode, shift);
-  }
-  bool KeyPress(char32_t) override { return false; }
-  void KeyUp(int keyCode, int shift) override {
-    if (!m_popups->KeyUp(keyCode, shift)) UpdateStatus();
-  }
+  bool KeyDown(int keyCode, int shift) override;
+  bool KeyPress(char32_t character) override { return m_keys.KeyPress(character); }
+  void KeyUp(int keyCode, int shift) override;
   void Change(const platform::TextChange& change) override;
-  void SelChange() override { UpdateStatus(); }
+  void SelChange() override;
   bool MouseDown(int button, int shift, int x, int y) override;
   void MouseUp(int, int, int, int) override { UpdateStatus(); }
   void FilesDropped(const std::vector<std::string>& paths) override;
@@ -89,6 +87,7 @@ class Document : public platform::TextControlEvents {
   bool LoadFrom(const std::string& fileName, bool noInitialText, std::string& initialText);
   void ShowTemplateName();
   void ShowSize();
+  void EnableSelectionTools();
   void SetSaved(bool saved);
   void EnableUndoTools();
   bool AskForName(std::string& path);
@@ -100,6 +99,8 @@ class Document : public platform::TextControlEvents {
   DocumentWindow& m_window;
   DocumentState m_state;
   Colouring m_colouring;
+  LineEditing m_lines;
+  KeyRules m_keys;
   ViewKeeper m_view;
   NoPopups m_noPopups;
   PopupHost* m_popups = &m_noPopups;

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -49,7 +50,10 @@ class KeyedCollection {
   }
 
   /// Appends an entry without a key.
-  void Add(Pointer entry) { m_slots.push_back({std::move(entry), {}}); }
+  void Add(Pointer entry) {
+    m_slots.push_back({std::move(entry), {}});
+    m_version = NextVersion();
+  }
 
   /// Appends an entry under a key; fails with 5 when the key is taken.
   void Add(Pointer entry, std::string_view key) {
@@ -84,6 +88,10 @@ class KeyedCollection {
   }
 
   void Clear() { *this = KeyedCollection(); }
+
+  /// A number that no two different contents share, so that who keeps something made of the entries sees whether it
+  /// still holds. What the entries say is not in it.
+  std::uint64_t Version() const { return m_version; }
 
   /// Walks the entries in order: for (const auto& entry : collection) gives each Pointer. The collection must not
   /// change meanwhile.
@@ -154,11 +162,13 @@ class KeyedCollection {
     if (cell.Place == NoPlace) ++m_cellsInUse;
     cell = {key.Hash, m_slots.size()};
     m_slots.push_back({std::move(entry), std::move(key.Text)});
+    m_version = NextVersion();
   }
 
   void Vacate(const Cell& cell) {
     m_slots[cell.Place].Value = nullptr;
     ++m_removed;
+    m_version = NextVersion();
   }
 
   /// Before a key is added: keeps half of the table free, and removed entries fewer than the rest.
@@ -199,6 +209,10 @@ class KeyedCollection {
     Rehash(cells.size(), cells);
   }
 
+  static std::uint64_t NextVersion() {
+    static std::uint64_t last = 0;
+    return ++last;
+  }
   static platform::Failure OutOfRange() { return {platform::Failure::OutOfRange, "a position outside the collection"}; }
   static platform::Failure NoSuchKey(std::string_view key) {
     return {platform::Failure::InvalidArgument, "no entry has the key \"" + std::string(key) + "\""};
@@ -208,6 +222,7 @@ class KeyedCollection {
   mutable std::vector<Cell> m_cells;     ///< a power of two of them, or none
   mutable std::size_t m_cellsInUse = 0;  ///< those with a place, also that of a removed entry
   mutable std::size_t m_removed = 0;     ///< the slots without an entry
+  std::uint64_t m_version = 0;           ///< 0 for every collection that has always been empty
 };
 
 }  // namespace templates

@@ -1,0 +1,239 @@
+// Searching and replacing against a plain model: the text as a row of characters with a space before and behind it.
+
+#include <gtest/gtest.h>
+
+#include "aids/DocumentSearch.h"
+#include "aids/FindDialog.h"
+#include "rich_text/Encoding.h"
+#include "tests/laws/Dice.h"
+#include "tests/support/MemoryTextControl.h"
+#include "tests/support/ScriptedPrompts.h"
+
+namespace {
+
+using namespace aids;
+
+std::u32string FromUtf8(std::string_view text) {
+  std::u32string characters;
+  for (std::size_t i = 0; i < text.size();) {
+    const rich_text::CodePoint point = rich_text::CodePointAt(text, i);
+    characters += point.Value;
+    i += point.Bytes;
+  }
+  return characters;
+}
+
+std::string ToUtf8(const std::u32string& characters) {
+  std::string text;
+  for (const char32_t c : characters) rich_text::AppendUtf8(text, c);
+  return text;
+}
+
+/// The rules as they are told; offsets are characters of the text.
+struct Model {
+  const templates::TemplateFields& Fields;
+  std::u32string Text, Word;
+  bool CaseSense, WholeWord;
+
+  char32_t Folded(char32_t c) const { return CaseSense ? c : rich_text::LowerCase(c); }
+  std::u32string Folded(std::u32string text) const {
+    for (char32_t& c : text) c = Folded(c);
+    return text;
+  }
+  std::u32string Haystack() const { return U' ' + Folded(Text) + U' '; }
+  bool Delimits(char32_t c) const { return Fields.IsDelimeter(ToUtf8({c})); }
+
+  bool MatchesAt(const std::u32string& haystack, std::size_t place) const {
+    const std::u32string word = Folded(Word);
+    if (word.empty() || place == 0 || place + word.size() >= haystack.size()) return false;
+    if (haystack.compare(place, word.size(), word) != 0) return false;
+    return !WholeWord || (Delimits(haystack[place - 1]) && Delimits(haystack[place + word.size()]));
+  }
+
+  int Find(int direction, std::size_t caret, bool wrapped) const {
+    const std::u32string haystack = Haystack();
+    int found = -1;
+    for (std::size_t p = 0; p < Text.size(); ++p) {
+      const bool up = direction == 2;
+      const bool candidate =
+          up ? p < caret && p + Word.size() - 1 <= caret : direction == 0 || wrapped || p >= caret + 1;
+      if (!candidate || !MatchesAt(haystack, p + 1)) continue;
+      found = static_cast<int>(p);
+      if (!up) break;
+    }
+    return found;
+  }
+
+  std::size_t ReplaceAll(const std::u32string& replacement) {
+    std::u32string haystack = Haystack();
+    std::size_t count = 0;
+    for (std::size_t place = 1; place < haystack.size(); ++place) {
+      if (!MatchesAt(haystack, place)) continue;
+      haystack.replace(place, Word.size(), replacement);
+      Text.replace(place - 1, Word.size(), replacement);
+      place += replacement.size() - 1;
+      ++count;
+    }
+    return count;
+  }
+};
+
+templates::TemplateFields Delimeters(const std::vector<std::string>& delimeters) {
+  templates::TemplateFields fields;
+  fields.Delimeters = delimeters;
+  return fields;
+}
+
+std::u32string RandomText(laws::Dice& dice, std::size_t longest) {
+  static const std::u32string alphabet = U"aAbB ,.\n\u00E4\u00C4\u20AC\U0001F600kK\u212A";
+  std::u32string text;
+  for (std::size_t length = dice.Below(longest + 1); length > 0; --length)
+    text += dice.Pick(dice.Chance(70) ? alphabet.substr(0, 6) : alphabet);
+  return text;
+}
+
+TEST(Search, FindsAndReplacesWhatThePlainRulesFind) {
+  const templates::TemplateFields fields = Delimeters({" ", ",", ".", "\r", "\n"});
+  int found = 0, replaced = 0;
+  for (std::uint64_t seed = laws::FirstSeed(); seed < laws::FirstSeed() + laws::Runs(20'000); ++seed) {
+    laws::Dice dice(seed);
+    Model model{fields, RandomText(dice, 40), RandomText(dice, 4), dice.Chance(50), dice.Chance(40)};
+    if (model.Word.find(U'\n') != std::u32string::npos) continue;
+    const std::string word = ToUtf8(model.Word);
+    const std::size_t caret = dice.Below(model.Text.size() + 1);
+    const int direction = dice.Between(0, 2);
+    tests::MemoryTextControl control;
+    control.SetText(ToUtf8(model.Text));
+    control.SetSelStart(ToUtf8(model.Text.substr(0, caret)).size());
+    DocumentSearch search(control, fields, 1 + dice.Below(30));
+
+    const int expected = model.Find(direction, caret, false);
+    const std::int32_t result = search.Find(word, direction, model.CaseSense, model.WholeWord);
+    ASSERT_EQ(result, expected < 0 ? -1 : 0) << "seed " << seed << ": " << ToUtf8(model.Text) << " / " << word;
+    if (expected >= 0) {
+      ++found;
+      ASSERT_EQ(control.SelStart(), ToUtf8(model.Text.substr(0, static_cast<std::size_t>(expected))).size())
+          << "seed " << seed;
+      ASSERT_EQ(FromUtf8(control.SelText()).size(), model.Word.size()) << "seed " << seed;
+    }
+    const std::u32string replacement = RandomText(dice, 3);
+    const std::size_t count = search.ReplaceAll(word, ToUtf8(replacement), model.CaseSense, model.WholeWord,
+                                                [](const auto& edit) { edit(); });
+    ASSERT_EQ(count, model.ReplaceAll(replacement)) << "seed " << seed;
+    ASSERT_EQ(control.Text(), ToUtf8(model.Text)) << "seed " << seed;
+    replaced += count > 0;
+  }
+  if (laws::Runs(20'000) >= 20'000) {
+    EXPECT_GT(found, 3000);
+    EXPECT_GT(replaced, 3000);
+  }
+}
+
+/// A document with a find dialog on it, and the user's answers.
+struct Desk : SearchedDocument {
+  templates::TemplateFields Fields = Delimeters({" ", "(", ")"});
+  tests::MemoryTextControl Control;
+  DocumentSearch Searching{Control, Fields};
+  tests::ScriptedPrompts Prompts;
+  FindDialog Dialog{Prompts};
+
+  explicit Desk(const std::string& text) {
+    Control.SetText(text);
+    Dialog.ParentForm = this;
+  }
+  DocumentSearch& Search() override { return Searching; }
+  void ReplaceSelection(const std::string& text) override { Control.SetSelText(text); }
+  std::size_t ReplaceAll(const std::string& word, const std::string& replacement, bool caseSense,
+                         bool wholeWord) override {
+    return Searching.ReplaceAll(word, replacement, caseSense, wholeWord, [](const auto& edit) { edit(); });
+  }
+};
+
+using Outcome = FindDialog::Outcome;
+using platform::PromptAnswer;
+
+TEST(FindDialog, AllGoesFromTheTopThenDownAndAsksAtTheEnd) {
+  Desk desk("one two one");
+  desk.Control.SetSelStart(6);
+  FindFields fields{.FindWord = "one"};
+  EXPECT_EQ(desk.Dialog.Find(fields), Outcome::Found);
+  EXPECT_EQ(desk.Control.SelStart(), 0U);
+  EXPECT_EQ(desk.Dialog.Find(fields), Outcome::Found);
+  EXPECT_EQ(desk.Control.SelStart(), 8U);
+  desk.Prompts.Expect({.Text = "\"one\" not found, continue search from beginning of document?",
+                       .Title = "Find",
+                       .Buttons = platform::PromptButtons::YesNo,
+                       .Icon = platform::PromptIcon::Question,
+                       .Default = PromptAnswer::Yes},
+                      PromptAnswer::Yes);
+  EXPECT_EQ(desk.Dialog.Find(fields), Outcome::Found);
+  EXPECT_EQ(desk.Control.SelStart(), 0U);
+  desk.Dialog.Find(fields);
+  desk.Prompts.Expect({.Text = "No more instances of \"one\" found in document", .Title = "Find"}, PromptAnswer::Ok);
+  EXPECT_EQ(desk.Dialog.Find(fields), Outcome::NotFound);
+  desk.Dialog.FindWordEdited();
+  fields.FindWord = "three";
+  desk.Prompts.Expect({.Text = "\"three\" not found in document", .Title = "Find"}, PromptAnswer::Ok);
+  EXPECT_EQ(desk.Dialog.Find(fields), Outcome::NotFound);
+  EXPECT_EQ(desk.Dialog.Find({}), Outcome::NoWord);
+}
+
+TEST(FindDialog, UpAsksToGoOnFromTheEndAndFindNextRepeats) {
+  Desk desk("a b a b");
+  desk.Control.SetSelStart(0);
+  desk.Prompts.Expect({.Text = "\"a\" not found, continue search from end of document?",
+                       .Title = "Find",
+                       .Buttons = platform::PromptButtons::YesNo,
+                       .Icon = platform::PromptIcon::Question,
+                       .Default = PromptAnswer::Yes},
+                      PromptAnswer::Yes);
+  EXPECT_EQ(desk.Dialog.Find({.FindWord = "a", .DirectionIndex = 1}), Outcome::Found);
+  EXPECT_EQ(desk.Control.SelStart(), 4U);
+  desk.Searching.FindNext(desk.Prompts);
+  EXPECT_EQ(desk.Control.SelStart(), 0U);
+  desk.Prompts.Expect({.Text = "\"a\" not found, continue search from end of document?",
+                       .Title = "Find",
+                       .Buttons = platform::PromptButtons::YesNo,
+                       .Icon = platform::PromptIcon::Question,
+                       .Default = PromptAnswer::Yes},
+                      PromptAnswer::No);
+  desk.Searching.FindNext(desk.Prompts);
+  EXPECT_EQ(desk.Dialog.Remembered({}).DirectionIndex, 1);
+}
+
+TEST(FindDialog, ReplacesWhatIsFoundAndCountsAll) {
+  Desk desk("foo(foo) Foo");
+  EXPECT_EQ(desk.Dialog.Replace({}), Outcome::SwitchedMode);
+  EXPECT_EQ(desk.Dialog.Caption(), "Replace");
+  EXPECT_FALSE(desk.Dialog.ReplaceEnabled());
+  const FindFields fields{.FindWord = "foo", .ReplaceWord = "foofoo", .MatchCase = true};
+  EXPECT_EQ(desk.Dialog.Find(fields), Outcome::Found);
+  EXPECT_TRUE(desk.Dialog.ReplaceIsDefault());
+  EXPECT_EQ(desk.Dialog.Replace(fields), Outcome::Found);
+  EXPECT_EQ(desk.Control.Text(), "foofoo(foo) Foo");
+  EXPECT_EQ(desk.Control.SelStart(), 7U);
+  desk.Dialog.FindWordEdited();
+  EXPECT_FALSE(desk.Dialog.ReplaceEnabled());
+  desk.Prompts.Expect({.Text = "Replace Complete.  3 replacements were made.",
+                       .Title = "Replace",
+                       .Icon = platform::PromptIcon::Information},
+                      PromptAnswer::Ok);
+  desk.Dialog.ReplaceAll(fields);
+  EXPECT_EQ(desk.Control.Text(), "foofoofoofoo(foofoo) Foo");
+  desk.Prompts.Expect({.Text = "Replace Complete.  1 replacement were made.",
+                       .Title = "Replace",
+                       .Icon = platform::PromptIcon::Information},
+                      PromptAnswer::Ok);
+  desk.Dialog.ReplaceAll({.FindWord = "FOO", .ReplaceWord = "x", .WholeWord = true});
+  EXPECT_EQ(desk.Control.Text(), "foofoofoofoo(foofoo) x");
+}
+
+TEST(FindDialog, KeepsOffTheCaretsLine) {
+  const DialogPlace dialog{100, 300, 500, 400};
+  EXPECT_EQ(TopOffCaret(dialog, 50, 350, 16, 1000), 300);   // beside it
+  EXPECT_EQ(TopOffCaret(dialog, 200, 350, 16, 1000), 234);  // a line above
+  EXPECT_EQ(TopOffCaret({100, 600, 500, 700}, 200, 650, 16, 1000), 682);
+  EXPECT_EQ(TopOffCaret({100, 0, 500, 100}, 200, 50, 16, 1000), 82);  // no room above
+}
+
+}  // namespace

@@ -2,8 +2,12 @@
 // Every question to the user and every message goes through here, so that the tests can play the user and no dialog
 // hides in the depth of the program. Paths are UTF-8; "" means that the user cancelled.
 
+#include <optional>
 #include <string>
 #include <vector>
+
+#include "platform/TextControl.h"
+#include "rich_text/StyledText.h"
 
 namespace platform {
 
@@ -47,6 +51,13 @@ class Prompts {
 
   /// A file to write, the user having agreed to replace it if it exists; or "" when cancelled.
   virtual std::string AskSaveFile(const FileQuestion& question) = 0;
+
+  /// One of the fonts that exist, the chooser starting with `initial`; nothing when cancelled. `Fixed` is the
+  /// initial's.
+  virtual std::optional<FontRecord> AskFont(const FontRecord& initial) = 0;
+
+  /// A colour, the chooser starting with `initial`; nothing when cancelled.
+  virtual std::optional<rich_text::ColourValue> AskColour(rich_text::ColourValue initial) = 0;
 };
 
 }  // namespace platform

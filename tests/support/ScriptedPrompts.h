@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <deque>
+#include <optional>
 #include <string>
 #include <variant>
 
@@ -35,6 +36,14 @@ class ScriptedPrompts : public platform::Prompts {
     m_steps.push_back(FileStep{"save", std::move(title), std::move(path)});
   }
 
+  /// Expects a font or colour chooser that starts with `initial` next; nothing is Cancel.
+  void ExpectFont(const platform::FontRecord& initial, std::optional<platform::FontRecord> chosen) {
+    m_steps.push_back(FontStep{initial, std::move(chosen)});
+  }
+  void ExpectColour(rich_text::ColourValue initial, std::optional<rich_text::ColourValue> chosen) {
+    m_steps.push_back(ColourStep{initial, chosen});
+  }
+
   std::size_t Unasked() const { return m_steps.size(); }
 
   /// The file chooser last shown, for tests that look at its filters and folder.
@@ -52,6 +61,12 @@ class ScriptedPrompts : public platform::Prompts {
 
   std::string AskOpenFile(const platform::FileQuestion& question) override { return AskFile("open", question); }
   std::string AskSaveFile(const platform::FileQuestion& question) override { return AskFile("save", question); }
+  std::optional<platform::FontRecord> AskFont(const platform::FontRecord& initial) override {
+    return AskValue(FontStep{initial, {}});
+  }
+  std::optional<rich_text::ColourValue> AskColour(rich_text::ColourValue initial) override {
+    return AskValue(ColourStep{initial, {}});
+  }
 
  private:
   struct BoxStep {
@@ -61,10 +76,21 @@ class ScriptedPrompts : public platform::Prompts {
   struct FileStep {
     std::string Kind, Title, Path;
   };
-  using Step = std::variant<BoxStep, FileStep>;
+  struct FontStep {
+    platform::FontRecord Initial;
+    std::optional<platform::FontRecord> Chosen;
+  };
+  struct ColourStep {
+    rich_text::ColourValue Initial;
+    std::optional<rich_text::ColourValue> Chosen;
+  };
+  using Step = std::variant<BoxStep, FileStep, FontStep, ColourStep>;
 
   static std::string Describe(const Step& step) {
     if (const auto* file = std::get_if<FileStep>(&step)) return file->Kind + " chooser \"" + file->Title + '"';
+    if (const auto* font = std::get_if<FontStep>(&step))
+      return "font chooser " + font->Initial.Name + ' ' + std::to_string(font->Initial.Size);
+    if (const auto* colour = std::get_if<ColourStep>(&step)) return "colour chooser " + std::to_string(colour->Initial);
     const platform::MessageBox& box = std::get<BoxStep>(step).Box;
     return "box \"" + box.Title + "\": " + box.Text + "\n(buttons " + std::to_string(static_cast<int>(box.Buttons)) +
            ", icon " + std::to_string(static_cast<int>(box.Icon)) + ", default " +
@@ -90,6 +116,17 @@ class ScriptedPrompts : public platform::Prompts {
     const std::string path = expected->Path;
     m_steps.pop_front();
     return path;
+  }
+
+  template <typename Kind>
+  auto AskValue(const Kind& question) -> decltype(question.Chosen) {
+    const Step asked = question;
+    const Kind* expected = Next<Kind>(asked);
+    if (expected == nullptr) return std::nullopt;
+    EXPECT_EQ(Describe(asked), Describe(*expected));
+    const auto chosen = expected->Chosen;
+    m_steps.pop_front();
+    return chosen;
   }
 
   /// What closing a box without a button answers.

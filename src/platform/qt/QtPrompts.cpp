@@ -1,8 +1,12 @@
 #include "platform/qt/QtPrompts.h"
 
 #include <QApplication>
+#include <QColorDialog>
 #include <QFileDialog>
+#include <QFontDialog>
 #include <QMessageBox>
+
+#include "platform/qt/FontChoice.h"
 
 namespace platform::qt {
 namespace {
@@ -108,6 +112,29 @@ std::string QtPrompts::Ask(const FileQuestion& question, bool forSaving) {
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return "";
   m_lastFolder = dialog.directory().absolutePath();
   return dialog.selectedFiles().constFirst().toStdString();
+}
+
+std::optional<FontRecord> QtPrompts::AskFont(const FontRecord& initial) {
+  bool accepted = false;
+  const QFont font = QFontDialog::getFont(&accepted, FontOf(initial), QApplication::activeWindow());
+  if (!accepted) return std::nullopt;
+  FontRecord chosen = initial;
+  chosen.Name = font.family().toStdString();
+  // The chooser knows whole points alone: a size with a fraction stays when its row was left selected.
+  if (font.pointSizeF() > 0 && qRound(font.pointSizeF()) != qRound(initial.Size)) chosen.Size = font.pointSizeF();
+  chosen.Bold = font.bold();
+  chosen.Italic = font.italic();
+  chosen.Strikethrough = font.strikeOut();
+  chosen.Underline = font.underline();
+  return chosen;
+}
+
+std::optional<rich_text::ColourValue> QtPrompts::AskColour(rich_text::ColourValue initial) {
+  const QColor start(static_cast<int>(initial & 0xFF), static_cast<int>(initial >> 8 & 0xFF),
+                     static_cast<int>(initial >> 16 & 0xFF));
+  const QColor chosen = QColorDialog::getColor(start, QApplication::activeWindow());
+  if (!chosen.isValid()) return std::nullopt;
+  return static_cast<rich_text::ColourValue>(chosen.red() | chosen.green() << 8 | chosen.blue() << 16);
 }
 
 }  // namespace platform::qt

@@ -1,5 +1,5 @@
 #pragma once
-// The real message boxes and file choosers. They belong to the window that is active when they are shown. The folder of
+// The real message boxes and choosers. They belong to the window that is active when they are shown. The folder of
 // the file chosen last is where the next chooser without a folder of its own opens.
 
 #include <QString>
@@ -13,6 +13,8 @@ class QtPrompts : public Prompts {
   PromptAnswer Show(const MessageBox& box) override;
   std::string AskOpenFile(const FileQuestion& question) override;
   std::string AskSaveFile(const FileQuestion& question) override;
+  std::optional<FontRecord> AskFont(const FontRecord& initial) override;
+  std::optional<rich_text::ColourValue> AskColour(rich_text::ColourValue initial) override;
 
  private:
   std::string Ask(const FileQuestion& question, bool forSaving);

@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QColorDialog>
 #include <QFileDialog>
+#include <QFontDialog>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTemporaryDir>
@@ -54,6 +56,34 @@ TEST(QtPrompts, ShowsTheBoxAsAskedAndGivesTheAnswer) {
     WithNextDialog<QMessageBox>([](QMessageBox& shown) { shown.close(); });
     EXPECT_EQ(prompts.Show({"x", "y", c.Buttons, PromptIcon::None, c.Default}), c.Answer);
   }
+}
+
+TEST(QtPrompts, FontAndColourChoosersStartWithWhatIsAndGiveWhatIsChosen) {
+  QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+  QtPrompts prompts;
+  FontRecord font{.Name = "DejaVu Sans", .Size = 12.5, .Bold = true, .Underline = true, .Fixed = true};
+  WithNextDialog<QFontDialog>([](QFontDialog& shown) {
+    EXPECT_TRUE(shown.currentFont().bold() && shown.currentFont().underline());
+    QFont changed = shown.currentFont();
+    changed.setStrikeOut(true);
+    shown.setCurrentFont(changed);
+    shown.accept();
+  });
+  const std::optional<FontRecord> chosen = prompts.AskFont(font);
+  font.Strikethrough = true;
+  ASSERT_TRUE(chosen.has_value());
+  EXPECT_EQ(*chosen, font);
+  WithNextDialog<QFontDialog>([](QFontDialog& shown) { shown.reject(); });
+  EXPECT_EQ(prompts.AskFont(font), std::nullopt);
+
+  WithNextDialog<QColorDialog>([](QColorDialog& shown) {
+    EXPECT_EQ(shown.currentColor(), QColor(1, 2, 3));
+    shown.setCurrentColor(QColor(0xAB, 0xCD, 0xEF));
+    shown.accept();
+  });
+  EXPECT_EQ(prompts.AskColour(0x030201), 0xEFCDABU);
+  WithNextDialog<QColorDialog>([](QColorDialog& shown) { shown.reject(); });
+  EXPECT_EQ(prompts.AskColour(0x030201), std::nullopt);
 }
 
 TEST(QtPrompts, FileChoosersUseTheFiltersAndRememberTheFolder) {

@@ -70,6 +70,7 @@ bool Document::SaveFile(const std::string& path) {
     m_window.SetCaption(platform::FileNameOf(target));
   }
   SetSaved(true);
+  if (!m_state.CurSFileName.empty() && !m_state.SSaved) m_window.SaveSynonyms(m_state.CurSFileName);
   return true;
 }
 
@@ -107,16 +108,22 @@ void Document::SetSaved(bool saved) {
   m_frame.UpdateWindowTabs();
 }
 
-bool Document::MayClose() {
-  m_popups->CloseAll();
-  if (m_state.Saved) return true;
+bool Document::MayLose(const std::string& question, const std::function<bool()>& save) {
   m_window.BringToFront();
-  const auto answer = m_frame.Prompts().Show({.Text = "Save changes to " + m_window.Caption() + " before closing?",
+  const auto answer = m_frame.Prompts().Show({.Text = question,
                                               .Buttons = platform::PromptButtons::YesNoCancel,
                                               .Icon = platform::PromptIcon::Question,
                                               .Default = platform::PromptAnswer::Cancel});
-  if (answer == platform::PromptAnswer::Yes) return SaveFile(m_state.CurFileName);
-  return answer == platform::PromptAnswer::No;
+  return answer == platform::PromptAnswer::Yes ? save() : answer == platform::PromptAnswer::No;
+}
+
+bool Document::MayClose() {
+  m_popups->CloseAll();
+  const std::string caption = m_window.Caption();
+  return (m_state.Saved || MayLose("Save changes to " + caption + " before closing?",
+                                   [this] { return SaveFile(m_state.CurFileName); })) &&
+         (m_state.SSaved || MayLose("Save changes to Synonyms for " + caption + "?",
+                                    [this] { return m_window.SaveSynonyms(m_state.CurSFileName); }));
 }
 
 // The template.
@@ -326,7 +333,7 @@ bool Document::MouseDown(int button, int, int x, int y) {
 
 void Document::FilesDropped(const std::vector<std::string>& paths) {
   for (const std::string& path : paths)
-    if (platform::FileExists(path)) m_frame.OpenFile(path);
+    if (platform::FileExists(path)) m_frame.OpenFile(platform::FullPathName(path, "/"));
 }
 
 }  // namespace editor

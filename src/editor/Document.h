@@ -4,6 +4,7 @@
 //
 // Paths are UTF-8. Control, frame and window outlive the document, which is the control's only listener.
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -91,6 +92,7 @@ class Document : public platform::TextControlEvents {
   void SetSaved(bool saved);
   void EnableUndoTools();
   bool AskForName(std::string& path);
+  bool MayLose(const std::string& question, const std::function<bool()>& save);
   bool WriteTo(const std::string& path);
   bool MayChangeEncoding(const std::string& path);
 

@@ -58,6 +58,8 @@ class DocumentWindow {
   virtual std::string Caption() const = 0;
   virtual void SetCaption(std::string_view caption) = 0;
   virtual void BringToFront() = 0;
+  /// Writes the document's synonyms to a file, "" asks for a name; false when nothing was written.
+  virtual bool SaveSynonyms(const std::string& path) = 0;
   /// Closes the window without questions, as soon as nothing of the document runs any more.
   virtual void CloseWindow() = 0;
 };

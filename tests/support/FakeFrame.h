@@ -127,6 +127,12 @@ class FakeWindow : public editor::DocumentWindow {
   void SetCaption(std::string_view caption) override { Title = caption; }
   void BringToFront() override { ++Fronted; }
   void CloseWindow() override { ++Closed; }
+  bool SaveSynonyms(const std::string& path) override {
+    SynonymFiles.push_back(path);
+    return SavesSynonyms;
+  }
+  std::vector<std::string> SynonymFiles;
+  bool SavesSynonyms = true;
 };
 
 }  // namespace tests

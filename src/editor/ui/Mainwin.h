@@ -57,6 +57,7 @@ class Mainwin : public QWidget, public shell::ChildWindow, public DocumentWindow
   void SetCaption(std::string_view caption) override;
   void BringToFront() override;
   void CloseWindow() override;
+  bool SaveSynonyms(const std::string&) override { return false; }  // no synonym is ever changed yet
 
   platform::qt::RichTextBox* m_textArea;
   std::unique_ptr<Document> m_document;

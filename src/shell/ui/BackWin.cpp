@@ -56,12 +56,15 @@ BackWin::~BackWin() {
 
 editor::ui::Mainwin* BackWin::AddDocument() {
   const QMdiSubWindow* active = m_windows->currentSubWindow();
-  const bool maximised = !active || active->isMaximized();
+  const Qt::WindowStates state = active ? active->windowState() : Qt::WindowMaximized;
   auto* document = new editor::ui::Mainwin(*this);
   QMdiSubWindow* window = m_windows->addSubWindow(document);
   window->setWindowIcon(windowIcon());
   window->resize(720, 480);
-  maximised ? window->showMaximized() : window->show();
+  if (state & Qt::WindowMinimized)
+    window->showMinimized();
+  else
+    (state & Qt::WindowMaximized) ? window->showMaximized() : window->show();
   return document;
 }
 

@@ -159,6 +159,31 @@ TEST_F(DocumentFileTest, AFailedSaveIsToldAndLosesNothing) {
   EXPECT_TRUE(m_frame.Enabled.at("save"));
 }
 
+TEST_F(DocumentFileTest, ClosingAsksForChangedSynonymsAfterTheText) {
+  const std::string path = Open("x");
+  m_document.State().SSaved = false;
+  m_document.State().CurSFileName = "/words.syn";
+  platform::MessageBox synonyms = {"Save changes to Synonyms for file.txt?", "Quillmark", PromptButtons::YesNoCancel,
+                                   PromptIcon::Question, PromptAnswer::Cancel};
+  m_frame.Questions.Expect(synonyms, PromptAnswer::Cancel);
+  EXPECT_FALSE(m_document.MayClose());
+  m_frame.Questions.Expect(synonyms, PromptAnswer::No);
+  EXPECT_TRUE(m_document.MayClose());
+  EXPECT_TRUE(m_window.SynonymFiles.empty());
+  m_window.SavesSynonyms = false;
+  m_frame.Questions.Expect(synonyms, PromptAnswer::Yes);
+  EXPECT_FALSE(m_document.MayClose()) << "nothing was written";
+  Append("y");
+  platform::MessageBox text = synonyms;
+  text.Text = "Save changes to file.txt before closing?";
+  m_frame.Questions.Expect(text, PromptAnswer::No);
+  m_window.SavesSynonyms = true;
+  m_frame.Questions.Expect(synonyms, PromptAnswer::Yes);
+  EXPECT_TRUE(m_document.MayClose());
+  EXPECT_TRUE(m_document.SaveFile(path)) << "and saving the text saves them too";
+  EXPECT_EQ(m_window.SynonymFiles, (std::vector<std::string>{"/words.syn", "/words.syn", "/words.syn"}));
+}
+
 TEST_F(DocumentFileTest, Closing) {
   const std::string path = Open("x");
   EXPECT_TRUE(m_document.MayClose()) << "an unchanged document asks nothing";

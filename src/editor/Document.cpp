@@ -56,7 +56,7 @@ void Document::OpenFile(const std::string& path) {
 }
 
 bool Document::AskForName(std::string& path) {
-  path = m_frame.GetSaveFile("Save Script", m_state.Template.TName + " File", m_state.Template.DefaultExtension);
+  path = m_frame.GetSaveFile("Save Script", m_state.Template.TName + " File", m_state.Template.DefaultExtension, "");
   return !path.empty();
 }
 

@@ -26,9 +26,10 @@ class DocumentFrame {
   /// A timer that stands still.
   virtual std::unique_ptr<platform::Timer> MakeTimer() = 0;
 
-  /// The frame's chooser of a file to write: a title, a type's name and extension ("js", or several as in "htm;html").
-  /// "" when cancelled.
-  virtual std::string GetSaveFile(std::string_view title, std::string_view extName, std::string_view ext) = 0;
+  /// The frame's chooser of a file to write: a title, a type's name and extension ("js", or several as in "htm;html"),
+  /// and the path that it suggests, "" for none. "" when cancelled.
+  virtual std::string GetSaveFile(std::string_view title, std::string_view extName, std::string_view ext,
+                                  const std::string& suggested) = 0;
   /// The template file chosen by the user, looked for in the program folder; "" when cancelled.
   virtual std::string AskTemplate() = 0;
   /// The template file for an extension, "" for none.

@@ -71,6 +71,7 @@ class FakeFrame : public editor::DocumentFrame {
   std::vector<std::string> Associations;                  ///< "extension name file"
   std::vector<std::string> Opened;
   std::map<std::string, bool, std::less<>> Enabled, Checked;
+  std::string Suggested;  ///< by the last chooser of a file to write
   std::string AskedType;            ///< type name and extension of the last file chooser
   std::vector<std::string> Clicks;  ///< tools run, and "TextPopup x,y"
   int TabUpdates = 0;
@@ -85,7 +86,9 @@ class FakeFrame : public editor::DocumentFrame {
     Timers.push_back(timer.get());
     return timer;
   }
-  std::string GetSaveFile(std::string_view title, std::string_view extName, std::string_view ext) override {
+  std::string GetSaveFile(std::string_view title, std::string_view extName, std::string_view ext,
+                          const std::string& suggested) override {
+    Suggested = suggested;
     return Questions.AskSaveFile(Question(title, extName, ext));
   }
   std::string AskTemplate() override {

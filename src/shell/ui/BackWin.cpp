@@ -123,16 +123,17 @@ void BackWin::ShowTextPopup(int x, int y) {
     m_tools.TextPopup()->popup(document->TextArea().mapToGlobal(QPoint(x, y)));
 }
 
-std::string BackWin::GetSaveFile(std::string_view title, std::string_view extName, std::string_view ext) {
+std::string BackWin::GetSaveFile(std::string_view title, std::string_view extName, std::string_view ext,
+                                 const std::string& suggested) {
   return m_prompts.AskSaveFile(
-      {.Title = std::string(title), .Filters = FiltersFor(extName, ext), .Folder = "", .SuggestedName = ""});
+      {.Title = std::string(title), .Filters = FiltersFor(extName, ext), .Folder = "", .SuggestedName = suggested});
 }
 
 std::string BackWin::AskTemplate() {
   return m_prompts.AskOpenFile({.Title = "Select Template",
                                 .Filters = FiltersFor(TemplateFileType, "def"),
                                 .Folder = m_programFolder,
-                                .SuggestedName = ""});
+                                .SuggestedName = suggested});
 }
 
 std::string BackWin::GetTemplateOf(std::string_view extension) const {
@@ -194,7 +195,7 @@ void BackWin::OpenByDialog() {
   const std::string path = m_prompts.AskOpenFile({.Title = "Open Script",
                                                   .Filters = TemplateFilters(m_templateList, m_associations),
                                                   .Folder = document ? platform::FolderOf(document->CurFileName()) : "",
-                                                  .SuggestedName = ""});
+                                                  .SuggestedName = suggested});
   if (!path.empty()) OpenFile(path);
 }
 

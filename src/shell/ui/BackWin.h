@@ -50,7 +50,8 @@ class BackWin : public QMainWindow, private editor::DocumentFrame {
   platform::EventLoop& Loop() override { return m_loop; }
   const settings::Settings& Settings() const override { return m_settings; }
   std::unique_ptr<platform::Timer> MakeTimer() override { return std::make_unique<platform::qt::QtTimer>(); }
-  std::string GetSaveFile(std::string_view title, std::string_view extName, std::string_view ext) override;
+  std::string GetSaveFile(std::string_view title, std::string_view extName, std::string_view ext,
+                          const std::string& suggested) override;
   std::string AskTemplate() override;
   std::string GetTemplateOf(std::string_view extension) const override;
   void AddAssociation(const templates::Template& association) override { m_associations.push_back(association); }

@@ -1,0 +1,227 @@
+// Word help, synonyms, preview and run: everything of them that needs no window.
+
+#include <gtest/gtest.h>
+
+#include "aids/CommandLines.h"
+#include "aids/DocumentSynonyms.h"
+#include "aids/PreviewPage.h"
+#include "aids/ScriptRuns.h"
+#include "aids/SynonymFile.h"
+#include "aids/WordAtCaret.h"
+#include "aids/WordHelp.h"
+#include "platform/Files.h"
+#include "tests/support/FakeFrame.h"
+#include "tests/support/MemoryTextControl.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace {
+
+using namespace aids;
+using platform::PromptAnswer;
+using platform::PromptButtons;
+using platform::PromptIcon;
+
+struct FakeShell : platform::Shell {
+  int Result = 42;
+  std::vector<std::string> Runs;  ///< "program|arguments"
+  int ShellExecute(const std::string& program, const std::string& arguments) override {
+    Runs.push_back(program + '|' + arguments);
+    return Result;
+  }
+};
+
+TEST(CommandLines, AreTakenApartAndFilledIn) {
+  struct Case {
+    const char *Line, *Help, *Run;  // "program|arguments"
+  };
+  for (const Case& c : {Case{"hh", "hh|", "hh|"}, Case{"hh topic x", "hh| topic x", "hh|topic x"},
+                        Case{"\"a b\" topic", "a b| topic", "a b|topic"}, Case{"\"a b", "a b|", "a b|"},
+                        Case{"\"a\"", "a|", "a|"}, Case{"", "|", "|"}, Case{"\"", "|", "|"}}) {
+    const auto help = SplitHelpCommand(c.Line), run = SplitRunCommand(c.Line);
+    EXPECT_EQ(help.Program + '|' + help.Arguments, c.Help) << c.Line;
+    EXPECT_EQ(run.Program + '|' + run.Arguments, c.Run) << c.Line;
+  }
+  EXPECT_EQ(CommandFor("notepad %s %s", "/a b"), "notepad /a b /a b");
+  EXPECT_EQ(CommandFor("\"C:\\Tools\\run.exe\" /x %s", "C:\\a b\\t.js"), "\"C:\\Tools\\run.exe\" /x C:\\a b\\t.js");
+  EXPECT_EQ(CommandFor("run", "/a"), "run");
+}
+
+TEST(CommandLines, AQuotedPathStaysOneArgumentWhateverItHolds) {
+  for (const std::string path :
+       {"/a b/c.js", "/a\"b\\", "/\\\"", "/100%s %d", "/\xC3\xA4 \xE2\x82\xAC", "/$(x);`y`", "/'"})
+    EXPECT_EQ(platform::SplitArguments(SplitRunCommand(CommandFor("node -x \"%s\" end", path)).Arguments),
+              (std::vector<std::string>{"-x", path, "end"}))
+        << path;
+  EXPECT_EQ(platform::SplitArguments("  a  \"\" b\\c \\\"d\\\" \"e f\"g"),
+            (std::vector<std::string>{"a", "", "b\\c", "\"d\"", "e fg"}));
+}
+
+/// A document without a window.
+struct Desk {
+  tests::MemoryTextControl Control;
+  editor::DocumentState State;
+  tests::FakeFrame Frame;
+  FakeShell Shell;
+
+  Desk() {
+    State.Template.Delimeters = {" ", "(", ")", "\r", "\n"};
+    for (const char* name : {"Document", "Window"}) {
+      auto word = std::make_shared<templates::Word>();
+      word->Name = name;
+      word->AddTo(State.Template.Words);
+    }
+  }
+  void Type(const std::string& text, std::size_t caret) {
+    Control.SetText(text);
+    Control.SetSelStart(caret);
+  }
+  void AddHelp(const char* word, const char* command, const char* name) {
+    State.Template.HelpWords.Add(std::make_shared<templates::HelpWord>(templates::HelpWord{word, command, name}));
+  }
+};
+
+TEST(WordAtCaret, ReachesFromDelimiterToDelimiter) {
+  Desk desk;
+  const std::string wide = "\xE2\x82\xAC\xC3\xA4";
+  const std::string longWord(700, 'x');
+  struct Case {
+    std::string Text;
+    std::size_t Caret;
+    std::string Word;
+  };
+  for (const Case& c : {Case{"a print b", 2, "print"}, Case{"print(x)", 2, "print"}, Case{"print(x)", 5, "print"},
+                        Case{"a  b", 2, ""}, Case{"", 0, ""}, Case{wide + " b", 3, wide}, Case{"a " + wide, 2, wide},
+                        Case{longWord + wide, 650, longWord + wide}, Case{" " + longWord, 701, longWord}}) {
+    desk.Type(c.Text, c.Caret);
+    EXPECT_EQ(HelpedWord(desk.Control, desk.State.Template), c.Word) << c.Text << " at " << c.Caret;
+  }
+}
+
+TEST(WordHelp, RunsTheEntryOrAsksOrSaysThatThereIsNone) {
+  Desk desk;
+  desk.AddHelp("Print", "\"/opt/a viewer\" print", "One");
+  desk.AddHelp("PRINT", "other x", "Two");
+  desk.AddHelp("only", "see", "Three");
+  const auto show = [&](const std::string& text, const char* choice) {
+    desk.Type(text, 0);
+    ShowWordHelp(desk.Control, desk.State.Template, desk.Shell, desk.Frame.Questions, [&](const HelpChoices& choices) {
+      for (const auto& entry : choices)
+        if (entry->Name == choice) return entry;
+      return std::shared_ptr<const templates::HelpWord>();
+    });
+  };
+  show("print", "One");
+  show("print", "Two");
+  show("print", "");
+  show("ONLY", "not asked");
+  EXPECT_EQ(desk.Shell.Runs, (std::vector<std::string>{"/opt/a viewer| print", "other| x", "see|"}));
+  desk.Frame.Questions.Expect({.Text = "No help is available for \"none\".  Sorry."});
+  show("none", "");
+  desk.Shell.Result = 32;
+  desk.Frame.Questions.Expect({.Text = "\"see\" could not be executed.", .Icon = PromptIcon::Exclamation});
+  show("only", "");
+}
+
+TEST(SynonymFile, IsWrittenAndReadToTheByte) {
+  templates::KeyedCollection<templates::Synonym> synonyms;
+  ReplaceSynonym(synonyms, {"obj", "Document"});
+  ReplaceSynonym(synonyms, {"a,b", "Window"});
+  const std::string warning =
+      "BE CAREFUL IF EDITING THIS FILE, the only check made is that the above line is correct.  Everything else "
+      "(except "
+      "this line) is read, and must be in the correct format.  It is recommended to use the synonym editor on the edit "
+      "menu instead.\r\n";
+  const std::string records = "\"obj\",\"Document\"\r\n\"a,b\",\"Window\"\r\n";
+  EXPECT_EQ(WriteSynonyms(synonyms, ""), "Quillmark Synonym File\r\n" + warning + records);
+  EXPECT_EQ(WriteSynonyms(synonyms, "/x.js"), "Quillmark Synonym File\r\nSaved From /x.js.  " + warning + records);
+  EXPECT_FALSE(ReadSynonyms("quillmark synonym file\r\n\r\n"));
+
+  const auto read = [](const std::string& body) {
+    std::string all;
+    const auto records = ReadSynonyms("Quillmark Synonym File\nwarning\n" + body);
+    for (const auto& record : *records) all += '[' + record.Word + '=' + record.Synonym + ']';
+    return all;
+  };
+  EXPECT_EQ(read(records), "[obj=Document][a,b=Window]");
+  EXPECT_EQ(read("  a b ,  c\n\n\"d\"\n\"e\"\nlast"), "[a b=c][d=e]");
+  EXPECT_EQ(read("\"open,x\n\"y\",z"), "[open,x=y]");
+}
+
+TEST(DocumentSynonyms, AreSavedLoadedAddedAndAskedAbout) {
+  Desk desk;
+  tests::TemporaryFolder folder;
+  DocumentSynonyms synonyms(desk.Control, desk.State, desk.Frame);
+  desk.Type("let obj = 1", 5);
+  synonyms.AddSynonym([](const std::vector<std::string>& names) { return names.at(1); });
+  EXPECT_EQ(desk.Control.SelText(), "obj");
+  EXPECT_EQ(desk.State.Template.Synonyms.Item("OBJ")->Synonym, "Window");
+  EXPECT_FALSE(desk.State.SSaved);
+
+  desk.State.CurFileName = "/somewhere/x.js";
+  desk.Frame.Questions.ExpectSaveFile("Save Synonyms", "");
+  EXPECT_FALSE(synonyms.SaveSynonyms(""));
+  EXPECT_EQ(desk.Frame.Suggested, "/somewhere/x.js.syn");
+  const std::string path = folder.Path("a.syn");
+  EXPECT_TRUE(synonyms.SaveSynonyms(path));
+  EXPECT_TRUE(desk.State.SSaved);
+  EXPECT_EQ(desk.State.CurSFileName, path);
+
+  synonyms.Replace({{"w", "first"}, {"W", "second"}});
+  EXPECT_EQ(desk.State.Template.Synonyms.Count(), 1U);
+  const platform::MessageBox question{.Text = "Save changes to current set of Synonyms?",
+                                      .Buttons = PromptButtons::YesNoCancel,
+                                      .Icon = PromptIcon::Question,
+                                      .Default = PromptAnswer::Cancel};
+  desk.Frame.Questions.Expect(question, PromptAnswer::Cancel);
+  synonyms.LoadSynonyms(path);
+  EXPECT_EQ(desk.State.Template.Synonyms.Item("w")->Synonym, "second");
+  desk.Frame.Questions.Expect(question, PromptAnswer::No);
+  synonyms.LoadSynonyms(path);
+  EXPECT_EQ(desk.State.Template.Synonyms.Item("obj")->Synonym, "Window");
+  const std::string other = folder.Write("b.syn", "something else\n");
+  desk.Frame.Questions.Expect({.Text = other + " does is not a valid synonym file.", .Icon = PromptIcon::Critical});
+  synonyms.LoadSynonyms(other);
+  EXPECT_EQ(desk.State.CurSFileName, path);
+}
+
+TEST(PreviewPage, IsAHarnessUnlessTheTextIsAPage) {
+  EXPECT_EQ(PreviewPage("<HTML>x"), "<HTML>x");
+  const std::string script = PreviewPage("f();\n"), markup = PreviewPage("<script>f()</script>");
+  EXPECT_NE(
+      script.find(
+          "</script></head><body>\r\n<script language='Javascript'>\r\n<!--\r\nf();\n\r\n//-->\r\n</script>\r\n<hr>"),
+      std::string::npos);
+  EXPECT_NE(markup.find("</head><body>\r\n<script>f()</script>\r\n<hr>"), std::string::npos);
+  EXPECT_TRUE(script.ends_with("</form></body></html>\r\n"));
+}
+
+TEST(ScriptRuns, SaveFirstAndTellWhatFails) {
+  Desk desk;
+  tests::TemporaryFolder folder;
+  const RunTools tools{desk.Shell, desk.Frame.Questions};
+  desk.Frame.Questions.Expect({.Text = "No execution command has been defined for this template."});
+  SaveExec(
+      desk.State, [] { FAIL(); }, tools);
+  desk.State.Template.ExecuteCommand = "node \"%s\"";
+  desk.State.Saved = false;
+  SaveExec(
+      desk.State, [] {}, tools);  // the user cancelled
+  EXPECT_TRUE(desk.Shell.Runs.empty());
+  SaveExec(
+      desk.State, [&] { desk.State.CurFileName = "/a b.js"; }, tools);
+  desk.Shell.Result = 2;
+  desk.Frame.Questions.Expect({.Text = "An error occured when trying to execute the command:\r\n\r\nnode \"/a b.js\"",
+                               .Title = "Error",
+                               .Icon = PromptIcon::Critical});
+  desk.State.Saved = true;
+  SaveExec(
+      desk.State, [] { FAIL(); }, tools);
+  desk.Shell.Result = 33;
+  desk.Control.SetText("f()");
+  GenerateJavaScriptPreview(desk.Control, folder.Path(), tools);
+  EXPECT_EQ(desk.Shell.Runs,
+            (std::vector<std::string>{"node|\"/a b.js\"", "node|\"/a b.js\"", folder.Path() + "/~Preview.html|"}));
+  EXPECT_EQ(platform::ReadFile(folder.Path("~Preview.html")).Bytes, PreviewPage("f()"));
+}
+
+}  // namespace

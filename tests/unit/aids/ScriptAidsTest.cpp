@@ -138,8 +138,8 @@ TEST(SynonymFile, IsWrittenAndReadToTheByte) {
 
   const auto read = [](const std::string& body) {
     std::string all;
-    const auto records = ReadSynonyms("Quillmark Synonym File\nwarning\n" + body);
-    for (const auto& record : *records) all += '[' + record.Word + '=' + record.Synonym + ']';
+    const auto found = ReadSynonyms("Quillmark Synonym File\nwarning\n" + body);
+    for (const auto& record : *found) all += '[' + record.Word + '=' + record.Synonym + ']';
     return all;
   };
   EXPECT_EQ(read(records), "[obj=Document][a,b=Window]");

@@ -53,29 +53,31 @@ ColourPass::Progress Colouring::ProgressOver(std::size_t length) {
   return [this, length](std::size_t done) { return Yield(done, length); };
 }
 
-void Colouring::ColourScan() {
+void Colouring::ColourScan(std::string text) {
   // A run that yields can be asked for another one; the one under way is stopped by Esc alone.
   if (m_state.Template.ColWords.Empty() || m_running) return;
   m_running = true;
   m_view.SaveView();
+  m_tools.Control.SetRedraw(true);  // a long text is read meanwhile; its colours come all at once
   m_tools.Status.SetStyle(platform::StatusStyle::Simple);
   ShowProgress(FirstPercent);
   m_state.Colouring = true;
-  ScanNow();
+  ScanNow(std::move(text));
   m_view.RestoreView();
   EndProgress();
   m_running = false;
   m_tools.Control.SetFocus();
 }
 
-void Colouring::ScanNow() {
+void Colouring::ScanNow(std::string text) {
   std::vector<rich_text::ColourRun> runs;
   if (m_tools.Settings.UseColours) {
-    const std::string text = m_tools.Control.Text();
+    if (text.empty()) text = m_tools.Control.Text();
     runs = ColouredRuns(Pass().Whole(text, ProgressOver(text.size())), m_state.Template.Colours);
   }
+  text = {};
   const ProgramChange change(m_state);
-  m_tools.Control.SetColours(m_state.Template.Colours, runs);
+  m_tools.Control.SetColours(m_state.Template.Colours, std::move(runs));
 }
 
 void Colouring::ColourLines(std::size_t firstLine, std::size_t lastLine) {

@@ -41,8 +41,8 @@ class Colouring {
   bool Running() const { return m_running; }
 
   /// Colours the whole document, or takes its colours away when whole documents are not coloured. A template without
-  /// colour words leaves everything as it is.
-  void ColourScan();
+  /// colour words leaves everything as it is. Who has the control's text at hand gives it: 100 MB are not copied again.
+  void ColourScan(std::string text = {});
 
   /// Colours the lines firstLine to lastLine (1-based; below 1 counts as 1), or the whole document where a run stays
   /// open that may reach into later lines.
@@ -54,7 +54,7 @@ class Colouring {
 
  private:
   const ColourPass& Pass();
-  void ScanNow();
+  void ScanNow(std::string text);
   ColourPass::Progress ProgressOver(std::size_t length);
   bool Yield(std::size_t done, std::size_t length);
   void ShowProgress(std::string_view percent);

@@ -44,14 +44,13 @@ void Document::OpenFile(const std::string& path) {
     const ProgramChange change(m_state);
     m_control.SetText(decoded.Text);
   }
-  decoded = {};
   m_state.LineCount = m_control.LineCount();
   if (content.Ok()) {
     m_state.CurFileName = path;
     m_window.SetCaption(platform::FileNameOf(path));
   }
   UpdateStatus();
-  ColourScan();
+  m_colouring.ColourScan(std::move(decoded.Text));
   m_frame.UpdateWindowTabs();
 }
 

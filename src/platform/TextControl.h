@@ -113,7 +113,7 @@ class TextControl {
   /// Takes every colour away and gives the runs theirs (their offsets are the control's own); nothing else changes. The
   /// same as SetTextRTF with the RTF of the runs.
   virtual void SetColours(const std::vector<rich_text::ColourValue>& colours,
-                          const std::vector<rich_text::ColourRun>& runs) = 0;
+                          std::vector<rich_text::ColourRun> runs) = 0;
 
   // The view.
   /// The offset of the character nearest to a point, in pixels of the control.

@@ -191,8 +191,8 @@ void MemoryTextControl::SetLinesRTF(std::size_t first, std::size_t last, std::st
 }
 
 void MemoryTextControl::SetColours(const std::vector<rich_text::ColourValue>& colours,
-                                   const std::vector<rich_text::ColourRun>& runs) {
-  Paint(0, m_text.size(), {m_text, colours, runs});
+                                   std::vector<rich_text::ColourRun> runs) {
+  Paint(0, m_text.size(), {m_text, colours, std::move(runs)});
 }
 
 // The keyboard.

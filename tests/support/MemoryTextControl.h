@@ -41,8 +41,7 @@ class MemoryTextControl : public platform::TextControl {
   void SetLinesRTF(std::size_t first, std::size_t last, std::string_view rtf) override;
   std::string_view LineEnd() const override { return m_lineEnd; }
 
-  void SetColours(const std::vector<rich_text::ColourValue>& colours,
-                  const std::vector<rich_text::ColourRun>& runs) override;
+  void SetColours(const std::vector<rich_text::ColourValue>& colours, std::vector<rich_text::ColourRun> runs) override;
 
   /// Lines are LineHeight pixels high and characters CharacterWidth wide; nothing is scrolled.
   static constexpr int LineHeight = 16, CharacterWidth = 8;

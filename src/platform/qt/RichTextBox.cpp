@@ -233,7 +233,7 @@ void RichTextBox::SetTextRTF(std::string_view rtf) {
   TranslateRuns(styled.Runs, styled.Text, text);
   Operate([&] {
     if (replaces) ReplaceDifference(text);
-    SetColours(styled.Colours, styled.Runs);
+    SetColours(styled.Colours, std::move(styled.Runs));
   });
 }
 
@@ -322,8 +322,12 @@ void RichTextBox::SetLinesRTF(std::size_t first, std::size_t last, std::string_v
   const std::string text = TextRange(start, end);
   if (!rich_text::EqualButForLineEnds(text, styled.Text)) return;
   TranslateRuns(styled.Runs, styled.Text, text);
-  for (rich_text::ColourRun& run : styled.Runs) run.Start += start, run.End += start;
-  PaintRuns(start, LineStart(LineOf(end) + 1), styled.Runs, StylesFor(styled.Colours, styled.Runs, false));
+  const std::vector<std::uint8_t> styles = StylesFor(styled.Colours, styled.Runs, false);
+  for (rich_text::ColourRun& run : styled.Runs) {
+    run.Start += start, run.End += start;
+    run.Colour = ColourStyles::PlaceOf(styles[run.Colour - 1]);
+  }
+  PaintRuns(start, LineStart(LineOf(end) + 1), styled.Runs);
 }
 
 void RichTextBox::Cut() {

@@ -52,8 +52,7 @@ class RichTextBox final : public QsciScintillaBase, public TextControl {
   void SetLinesRTF(std::size_t first, std::size_t last, std::string_view rtf) override;
   std::string_view LineEnd() const override { return m_lineEnd; }
 
-  void SetColours(const std::vector<rich_text::ColourValue>& colours,
-                  const std::vector<rich_text::ColourRun>& runs) override;
+  void SetColours(const std::vector<rich_text::ColourValue>& colours, std::vector<rich_text::ColourRun> runs) override;
 
   std::size_t OffsetAt(int x, int y) const override;
   bool Enabled() const override { return m_enabled; }
@@ -147,9 +146,9 @@ class RichTextBox final : public QsciScintillaBase, public TextControl {
   void AppendRuns(std::vector<rich_text::ColourRun>& runs, std::size_t start, std::size_t end) const;
   std::vector<std::uint8_t> StylesFor(const std::vector<rich_text::ColourValue>& colours,
                                       const std::vector<rich_text::ColourRun>& runs, bool wholeText);
-  /// Gives [start, end) the colours of the runs (offsets of the whole text) and takes away all others there.
-  void PaintRuns(std::size_t start, std::size_t end, const std::vector<rich_text::ColourRun>& runs,
-                 const std::vector<std::uint8_t>& styles);
+  /// Gives [start, end) the colours of the runs (offsets of the whole text, colours as places of m_styles) and takes
+  /// away all others there.
+  void PaintRuns(std::size_t start, std::size_t end, const std::vector<rich_text::ColourRun>& runs);
 
   void SetUpScintilla();
   void ApplyLook();

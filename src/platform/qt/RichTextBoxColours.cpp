@@ -70,15 +70,14 @@ std::vector<std::uint8_t> RichTextBox::StylesFor(const std::vector<ColourValue>&
   return styles;
 }
 
-void RichTextBox::SetColours(const std::vector<ColourValue>& colours, const std::vector<ColourRun>& runs) {
+void RichTextBox::SetColours(const std::vector<ColourValue>& colours, std::vector<ColourRun> runs) {
   if (!m_coloured && runs.empty()) return;
   const std::vector<std::uint8_t> styles = StylesFor(colours, runs, true);
-  std::vector<ColourRun> painted = runs;
-  for (ColourRun& run : painted) run.Colour = ColourStyles::PlaceOf(styles[run.Colour - 1]);
-  const auto [start, end] = DifferenceFromPainted(painted);
-  if (start < end) PaintRuns(start, end, runs, styles);
+  for (ColourRun& run : runs) run.Colour = ColourStyles::PlaceOf(styles[run.Colour - 1]);
+  const auto [start, end] = DifferenceFromPainted(runs);
+  if (start < end) PaintRuns(start, end, runs);
   m_coloured = !runs.empty();
-  m_painted = std::move(painted);
+  m_painted = std::move(runs);
   m_knowsPainted = true;
 }
 
@@ -94,8 +93,7 @@ RichTextBox::ByteRange RichTextBox::DifferenceFromPainted(const std::vector<Colo
 }
 
 // One call a stretch: the call that takes a byte for each character costs several times as much.
-void RichTextBox::PaintRuns(std::size_t start, std::size_t end, const std::vector<ColourRun>& runs,
-                            const std::vector<std::uint8_t>& styles) {
+void RichTextBox::PaintRuns(std::size_t start, std::size_t end, const std::vector<ColourRun>& runs) {
   m_knowsPainted = false;
   Send(SCI_STARTSTYLING, start);
   std::size_t done = start;
@@ -109,7 +107,7 @@ void RichTextBox::PaintRuns(std::size_t start, std::size_t end, const std::vecto
     if (from >= end) break;
     if (to <= from) continue;
     leavePlain(from);
-    Send(SCI_SETSTYLING, to - from, styles[run.Colour - 1]);
+    Send(SCI_SETSTYLING, to - from, ColourStyles::StyleAt(run.Colour));
     done = to;
   }
   leavePlain(end);

@@ -125,6 +125,7 @@ TEST_F(FrameTest, UndoAndRedoByTheirKeys) {
   const std::string text = "var a = 1;\r\nvar b = '\xC3\xA4';\nvar c;\r\n";
   editor::ui::Mainwin& window = Open("a.js", text);
   platform::qt::RichTextBox& area = window.TextArea();
+  const std::string coloured = area.TextRTF();
   QGuiApplication::clipboard()->setText(QStringLiteral("var p;\nreturn 'q';\n"));
   QTest::keyClick(area.viewport(), Qt::Key_V, Qt::ControlModifier);
   const std::string pasted = area.Text();
@@ -140,6 +141,8 @@ TEST_F(FrameTest, UndoAndRedoByTheirKeys) {
   };
   EXPECT_EQ(press(Qt::Key_Z), pasted) << "what is pending comes first";
   EXPECT_EQ(press(Qt::Key_Z), text);
+  QTest::keyClick(area.viewport(), Qt::Key_End, Qt::ControlModifier);
+  EXPECT_EQ(area.TextRTF(), coloured) << "what came back is coloured as it was, once the caret has left its line";
   EXPECT_FALSE(Tool("miUndo")->isEnabled());
   EXPECT_EQ(press(Qt::Key_Y), pasted);
   EXPECT_EQ(press(Qt::Key_Z, Qt::ShiftModifier), cut);

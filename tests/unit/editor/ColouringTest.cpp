@@ -93,7 +93,7 @@ TEST_F(ColouringTest, ALongRunYieldsByTimeAndTellsHowFarItIs) {
   m_control.SetText(Megabyte());
   m_loop.MillisecondsALook = 10;  // a look at the start, one every 64 KB, and one behind each yield
   m_loop.OnEvents = [&] {
-    EXPECT_FALSE(m_control.Enabled() || m_control.Redraw());
+    EXPECT_TRUE(!m_control.Enabled() && m_control.Redraw()) << "the text is seen while it is being coloured";
     EXPECT_TRUE(m_state.Colouring && m_colouring.Running());
     m_colouring.ColourScan();
     m_colouring.ColourLines(1, 1);

@@ -30,6 +30,7 @@ class Mainwin : public QWidget, public shell::ChildWindow, public DocumentWindow
   void SetTemplateChosen(bool chosen) { m_document->SetTemplateChosen(chosen); }
   void Undo() { m_document->Undo(); }
   void Redo() { m_document->Redo(); }
+  void SetUseFont(std::int16_t useFont) { m_document->SetUseFont(useFont); }
   void EnableButtons() { m_document->EnableButtons(); }
   void Activated();
 

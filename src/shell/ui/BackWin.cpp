@@ -12,6 +12,9 @@
 #include "platform/Files.h"
 #include "shell/FileFilters.h"
 #include "shell/TemplateList.h"
+#include "shell/ToolTable.h"
+#include "shell/WindowList.h"
+#include "shell/ui/WindowKeys.h"
 
 namespace shell::ui {
 namespace {
@@ -30,7 +33,8 @@ BackWin::BackWin(platform::Prompts& prompts, std::string programFolder)
       m_templateList(ReadTemplateList(m_programFolder)),
       m_windows(new QMdiArea(this)),
       m_status(new platform::qt::StatusBar(this)),
-      m_tools(*this, [this](const std::string& name) { ActiveBar_ToolClick(name); }) {
+      m_commands([this] { return ActiveChild(); }),
+      m_bar(*this, DesignedBar(), BarEvents()) {
   setObjectName(QStringLiteral("BackWin"));
   setWindowTitle(QStringLiteral("Quillmark"));
   setAcceptDrops(true);
@@ -42,7 +46,14 @@ BackWin::BackWin(platform::Prompts& prompts, std::string programFolder)
   connect(m_status, &platform::qt::StatusBar::TemplateClicked, this, [this] {
     if (editor::ui::Mainwin* document = ActiveDocument()) document->SetTemplate("");
   });
+  m_designedLayout = m_bar.SaveLayout();
+  BindFileCommands();
+  BindEditCommands();
+  BindWindowCommands();
+  BindHelpCommands();
+  DisableWaitingTools();
   DisableDocumentTools();
+  AddWindowKeys(*this, *m_windows);
   m_status->SetStyle(platform::StatusStyle::Simple);
 }
 
@@ -61,6 +72,7 @@ editor::ui::Mainwin* BackWin::AddDocument() {
   QMdiSubWindow* window = m_windows->addSubWindow(document);
   window->setWindowIcon(windowIcon());
   window->resize(720, 480);
+  RemoveWindowKeys(*window);
   if (state & Qt::WindowMinimized)
     window->showMinimized();
   else
@@ -105,22 +117,42 @@ void BackWin::WindowActivated(QMdiSubWindow* window) {
 }
 
 void BackWin::DisableDocumentTools() {
-  for (const std::string_view tool : editor::DocumentTools()) m_tools.Enable(tool, false);
+  for (const std::string_view tool : editor::DocumentTools()) EnableTool(tool, false);
 }
 
 void BackWin::UpdateWindowTabs() {
-  for (QMdiSubWindow* window : m_windows->subWindowList())
-    if (const editor::ui::Mainwin* shown = DocumentIn(window)) {
-      const QString caption = QString::fromStdString(shown->Caption());
-      window->setWindowTitle(shown->Saved() ? caption : caption + QStringLiteral(" *"));
+  const QList<QMdiSubWindow*> open = m_windows->subWindowList();
+  QList<QMdiSubWindow*> shown;
+  std::vector<const ChildWindow*> children;
+  for (QMdiSubWindow* window : open)
+    if (const editor::ui::Mainwin* document = DocumentIn(window); document && !document->Closed()) {
+      shown.push_back(window);
+      children.push_back(document);
     }
+  m_bar.ClearBand("WindowTabs");
+  for (const ListedTool& tool : WindowTabs(children, ActiveChild(), nullptr, m_prompts)) {
+    QMdiSubWindow* window = shown[static_cast<qsizetype>(tool.Index)];
+    const bool saved = children[tool.Index]->Saved();
+    const std::string caption = children[tool.Index]->Caption();
+    window->setWindowTitle(QString::fromStdString(saved ? caption : caption + " *"));
+    m_bar.AddTool("WindowTabs", {.Name = tool.Name,
+                                 .Id = tool.Identifier,
+                                 .Caption = tool.Caption,
+                                 .Description = "Show this Window",
+                                 .Tip = tool.Description,
+                                 .Tag = static_cast<int>(open.indexOf(window)) + 1,
+                                 .Key = reinterpret_cast<std::uintptr_t>(window),
+                                 .Checked = tool.Checked,
+                                 .Icon = ""});
+  }
+  m_bar.RecalcLayout();
 }
 
 // What documents ask for.
 
 void BackWin::ShowTextPopup(int x, int y) {
   if (editor::ui::Mainwin* document = ActiveDocument())
-    m_tools.TextPopup()->popup(document->TextArea().mapToGlobal(QPoint(x, y)));
+    m_bar.Menu("TextPopup")->popup(document->TextArea().mapToGlobal(QPoint(x, y)));
 }
 
 std::string BackWin::GetSaveFile(std::string_view title, std::string_view extName, std::string_view ext,
@@ -133,76 +165,12 @@ std::string BackWin::AskTemplate() {
   return m_prompts.AskOpenFile({.Title = "Select Template",
                                 .Filters = FiltersFor(TemplateFileType, "def"),
                                 .Folder = m_programFolder,
-                                .SuggestedName = suggested});
+                                .SuggestedName = ""});
 }
 
 std::string BackWin::GetTemplateOf(std::string_view extension) const {
   const std::string file = TemplateOfExtension(m_templateList, extension);
   return file.empty() ? TemplateOfExtension(m_associations, extension) : file;
-}
-
-// Commands.
-
-void BackWin::ActiveBar_ToolClick(const std::string& name) {
-  editor::ui::Mainwin* document = ActiveDocument();
-  if (name == "new")
-    NewDocument();
-  else if (name == "open")
-    OpenByDialog();
-  else if (name == "exit")
-    close();
-  else if (name == "miWTileV")
-    m_windows->tileSubWindows();
-  else if (name == "miWCascade")
-    m_windows->cascadeSubWindows();
-  else if (name == "miHAbout")
-    ShowAbout();
-  else if (document)
-    DocumentCommand(name, *document);
-  if (editor::ui::Mainwin* active = ActiveDocument()) active->setFocus();
-}
-
-void BackWin::DocumentCommand(const std::string& name, editor::ui::Mainwin& document) {
-  platform::qt::RichTextBox& text = document.TextArea();
-  if (name == "save")
-    document.SaveFile(document.CurFileName());
-  else if (name == "saveas")
-    document.SaveFile("");
-  else if (name == "miUndo")
-    document.Undo();
-  else if (name == "miRedo")
-    document.Redo();
-  else if (name == "miCut")
-    text.Cut();
-  else if (name == "miCopy")
-    text.Copy();
-  else if (name == "miPaste")
-    text.Paste();
-  else if (name == "miSelectAll")
-    text.SelectAll();
-  else if (name == "miWordWrap")
-    document.WordWrap(m_tools.IsChecked(name));
-  else if (name == "miRefresh") {
-    const bool useColours = m_settings.UseColours;
-    m_settings.UseColours = true;
-    document.ColourScan();
-    m_settings.UseColours = useColours;
-  }
-}
-
-void BackWin::OpenByDialog() {
-  const editor::ui::Mainwin* document = ActiveDocument();
-  const std::string path = m_prompts.AskOpenFile({.Title = "Open Script",
-                                                  .Filters = TemplateFilters(m_templateList, m_associations),
-                                                  .Folder = document ? platform::FolderOf(document->CurFileName()) : "",
-                                                  .SuggestedName = suggested});
-  if (!path.empty()) OpenFile(path);
-}
-
-void BackWin::ShowAbout() {
-  m_prompts.Show({.Text = "Quillmark " QUILLMARK_VERSION "\n\nA script editor whose languages come from plain-text "
-                          "templates.\nFree software under the GNU General Public License, version 3 or later.",
-                  .Icon = platform::PromptIcon::Information});
 }
 
 // The window.

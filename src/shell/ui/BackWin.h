@@ -7,11 +7,12 @@
 
 #include "editor/DocumentFrame.h"
 #include "editor/ui/Mainwin.h"
+#include "platform/qt/ActiveBar.h"
 #include "platform/qt/QtEventLoop.h"
 #include "platform/qt/QtTimer.h"
 #include "platform/qt/StatusBar.h"
 #include "settings/Settings.h"
-#include "shell/ui/Tools.h"
+#include "shell/CommandTable.h"
 
 class QMdiArea;
 class QMdiSubWindow;
@@ -38,6 +39,8 @@ class BackWin : public QMainWindow, private editor::DocumentFrame {
   /// The document window in front, or null.
   editor::ui::Mainwin* ActiveDocument() const;
   std::size_t WindowCount() const;
+  /// The commands that nothing has been bound to yet; their tools are grey.
+  std::vector<std::string> WaitingCommands() const { return m_commands.Waiting(); }
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -55,8 +58,8 @@ class BackWin : public QMainWindow, private editor::DocumentFrame {
   std::string AskTemplate() override;
   std::string GetTemplateOf(std::string_view extension) const override;
   void AddAssociation(const templates::Template& association) override { m_associations.push_back(association); }
-  void EnableTool(std::string_view name, bool enabled) override { m_tools.Enable(name, enabled); }
-  void CheckTool(std::string_view name, bool checked) override { m_tools.Check(name, checked); }
+  void EnableTool(std::string_view name, bool enabled) override;
+  void CheckTool(std::string_view name, bool checked) override { m_bar.Check(name, checked); }
   void UpdateWindowTabs() override;
   void ShowTextPopup(int x, int y) override;
 
@@ -64,8 +67,19 @@ class BackWin : public QMainWindow, private editor::DocumentFrame {
   std::string TemplateFor(const std::string& path) const;
   void WindowActivated(QMdiSubWindow* window);
   void DisableDocumentTools();
+  shell::ChildWindow* ActiveChild() const;
+  platform::ActiveBarEvents BarEvents();
+  void BindFileCommands();
+  void BindEditCommands();
+  void BindWindowCommands();
+  void BindHelpCommands();
+  /// Binds the command of a tool that concerns the active document.
+  void BindDocument(std::string_view tool, std::function<void(editor::ui::Mainwin&)> action);
+  void DisableWaitingTools();
+  void WordWrap(editor::ui::Mainwin& document);
+  void RefreshColouring(editor::ui::Mainwin& document);
+  void ChooseFont(const std::string& tool, editor::ui::Mainwin& document);
   void OpenByDialog();
-  void DocumentCommand(const std::string& name, editor::ui::Mainwin& document);
   void ShowAbout();
 
   platform::Prompts& m_prompts;
@@ -77,7 +91,9 @@ class BackWin : public QMainWindow, private editor::DocumentFrame {
   platform::qt::QtEventLoop m_loop;
   QMdiArea* m_windows;
   platform::qt::StatusBar* m_status;
-  Tools m_tools;
+  CommandTable m_commands;
+  platform::qt::ActiveBar m_bar;
+  std::string m_designedLayout;  ///< of the bar, to go back to
 };
 
 }  // namespace shell::ui

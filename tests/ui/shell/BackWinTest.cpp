@@ -84,6 +84,22 @@ TEST_F(FrameTest, UntouchedFilesAreSavedByteForByte) {
   EXPECT_TRUE(AllClosed());
 }
 
+// What is listed here has its tool and its place in the menus, but no action yet.
+TEST_F(FrameTest, TheseCommandsAreStillWaiting) {
+  const std::vector<std::string> waiting = {
+      "Template", "newTemplate",  "OpenTemplate", "SaveExec",         "GenPrev",        "History1",
+      "History2", "History3",     "miFind",       "miReplace",        "miFindNext",     "fntSet",
+      "Options",  "Associations", "miAddSynonym", "miEditSynonyms",   "miLoadSynonyms", "miSaveSynonyms",
+      "WordHelp", "miHContents",  "miHSearch",    "miHAboutTemplate", "miWTileH",       "miWTileA",
+      "miWList",  "Reset"};
+  EXPECT_EQ(m_frame.WaitingCommands(), waiting);
+  Open("a.js", "a\n");
+  for (const std::string& name : waiting) {
+    const QAction* action = Tool(name.c_str());
+    EXPECT_FALSE(action && action->isEnabled()) << name;
+  }
+}
+
 TEST_F(FrameTest, AnOpenedFileIsColouredAsTheRulesSay) {
   const std::string text = "// note\r\nvar s = \"text\"; /* two\r\nlines */ return 12;\r\n";
   editor::ui::Mainwin& window = Open("a.js", text);

@@ -1,13 +1,9 @@
-// Lists of templates, file types and tools.
+// Lists of templates and file types.
 
 #include <gtest/gtest.h>
 
-#include <map>
-#include <set>
-
 #include "shell/FileFilters.h"
 #include "shell/TemplateList.h"
-#include "shell/ToolTable.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace {
@@ -47,35 +43,6 @@ TEST(FileFilters, ListTypesThenAllFiles) {
   EXPECT_EQ(Describe(TemplateFilters({{"JS", "js;mjs", ""}, {"C", "c", ""}}, {{"", "x", ""}, {"", "y", ""}})),
             "JS File: *.js *.mjs\nC File: *.c\nOthers: *.x *.y\nAll Files: *.*\n");
   EXPECT_EQ(Describe(TemplateFilters({}, {})), "All Files: *.*\n");
-}
-
-TEST(ToolTable, EveryToolIsOneToolAndHasItsOwnShortcuts) {
-  std::vector<Band> bands = MenuBands();
-  bands.push_back(TextPopup());
-  std::map<std::string, Tool> byName;
-  std::map<std::string, std::string> byShortcut;
-  std::set<std::string> bandNames;
-  for (const Band& band : bands) {
-    EXPECT_TRUE(bandNames.emplace(band.Name).second) << band.Name;
-    std::set<std::string> onBand;
-    for (const Tool& tool : band.Tools) {
-      if (tool.Name == Separator) continue;
-      const std::string name(tool.Name);
-      EXPECT_TRUE(onBand.insert(name).second) << name << " twice on " << band.Name;
-      EXPECT_FALSE(tool.Caption.empty() || tool.Description.empty()) << name;
-      const Tool& first = byName.emplace(name, tool).first->second;
-      EXPECT_EQ(first.Shortcut, tool.Shortcut) << name;
-      EXPECT_EQ(first.Checkable, tool.Checkable) << name;
-      std::string_view rest = tool.Shortcut;
-      while (!rest.empty()) {
-        const std::string_view one = rest.substr(0, rest.find(", "));
-        const auto owner = byShortcut.emplace(one, name).first;
-        EXPECT_EQ(owner->second, name) << one;
-        rest.remove_prefix(std::min(rest.size(), one.size() + 2));
-      }
-    }
-  }
-  EXPECT_GE(byName.size(), 10u);
 }
 
 }  // namespace

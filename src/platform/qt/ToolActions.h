@@ -1,0 +1,60 @@
+#pragma once
+// The tools of an ActiveBar as the toolkit's actions. A name is one action wherever it stands, so that it has one state
+// and its shortcut works once; a band that captions the tool differently gets a twin that follows the tool and has no
+// shortcut of its own.
+
+#include <QAction>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+
+#include "platform/ActiveBar.h"
+
+class QWidget;
+
+namespace platform::qt {
+
+class ToolActions {
+ public:
+  using Clicked = std::function<void(const std::string& tool)>;
+
+  /// The actions belong to the window, where their shortcuts work.
+  ToolActions(QWidget& window, const BarDesign& design, Clicked clicked);
+
+  /// The action of a tool, null for an unknown one.
+  QAction* Find(std::string_view tool) const;
+  /// The action that stands on a band where the tool has this caption ("" for its own).
+  QAction* OnBand(std::string_view tool, std::string_view caption);
+
+  bool IsDynamic(std::string_view tool) const;
+  /// The key and the icon of a dynamic tool.
+  const DynamicTool* Dynamic(std::string_view tool) const;
+  void SetDynamic(const DynamicTool& tool);
+  void RemoveDynamic(std::string_view tool);
+
+  ToolState State(std::string_view tool) const;
+  void SetCaption(std::string_view tool, std::string_view caption);
+  void SetDescription(std::string_view tool, std::string_view description);
+
+ private:
+  struct Entry {
+    QAction* Action = nullptr;
+    int Id = 0;
+    std::string Caption, Description;
+    std::unique_ptr<DynamicTool> Dynamic;
+  };
+
+  Entry& Add(const std::string& name);
+  const Entry* EntryOf(std::string_view tool) const;
+  Entry* EntryOf(std::string_view tool);
+  void ShowTexts(Entry& entry);
+  void Triggered(const std::string& name, QAction& action);
+
+  QWidget& m_window;
+  Clicked m_clicked;
+  std::map<std::string, Entry, std::less<>> m_entries;
+  std::map<std::string, QAction*> m_twins;  ///< by name and caption
+};
+
+}  // namespace platform::qt

@@ -1,0 +1,124 @@
+// The layout file from run to run: what is told, what is deleted, what the bars look like then.
+
+#include "settings/ToolbarLayout.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "tests/support/FakeBar.h"
+#include "tests/support/ScriptedPrompts.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace {
+
+using platform::BandKind;
+using platform::PromptIcon;
+using settings::ToolbarLayout;
+
+const platform::BarDesign& Design() {
+  static const platform::BarDesign design = {.Tools = {{.Name = "a"}, {.Name = "b"}},
+                                             .Bands = {{"MenuBar", "", BandKind::MenuBar, 0, false, {}},
+                                                       {"Toolbar", "", BandKind::Toolbar, 0, false, {{"a"}, {"b"}}},
+                                                       {"Other", "", BandKind::Toolbar, 0, false, {{"b"}}}}};
+  return design;
+}
+
+const platform::MessageBox Unloadable = {
+    .Text = "An Error occured when trying to load the layout changes.  Default layout will be used",
+    .Icon = PromptIcon::Critical};
+const platform::MessageBox Unsavable = {
+    .Text = "An Error occured when trying to save the layout changes.  Default layout will be used",
+    .Icon = PromptIcon::Critical};
+const platform::MessageBox Upgrade = {
+    .Text = "Toolbars must be reset for this upgrade of Quillmark.  Press OK to reset toolbars.",
+    .Title = "Quillmark Upgrade",
+    .Icon = PromptIcon::Information};
+
+class ToolbarLayoutTest : public testing::Test {
+ protected:
+  // One run of the program: the bar as it is after loading.
+  platform::BandLayout Start(const std::string& version = "3.0") {
+    tests::FakeBar bar(Design());
+    Steps.clear();
+    Made(bar).LoadToolbarLayout(version);
+    return bar.Layout;
+  }
+  ToolbarLayout Made(tests::FakeBar& bar) {
+    return ToolbarLayout(bar, Prompts, File,
+                         {.PopulateTemplates = [this] { Steps += "templates "; },
+                          .EnableButtons = [this] { Steps += "buttons "; },
+                          .UpdateWindowTabs = [this] { Steps += "tabs "; }});
+  }
+  // A run that changes the bars and ends.
+  platform::BandLayout Rearrange(bool hideMenuBar = false) {
+    tests::FakeBar bar(Design());
+    bar.Layout.Move("Toolbar", 0, "Other", 0);
+    bar.Layout.Show("MenuBar", !hideMenuBar);
+    Made(bar).SaveToolbarLayout();
+    return bar.Layout;
+  }
+  bool FileIsThere() const { return std::filesystem::exists(File); }
+
+  tests::TemporaryFolder Folder;
+  tests::ScriptedPrompts Prompts;
+  std::string File = Folder.Path(ToolbarLayout::FileName);
+  std::string Steps;
+  const platform::BandLayout Designed{Design()};
+};
+
+TEST_F(ToolbarLayoutTest, AnArrangementLastsFromRunToRun) {
+  EXPECT_EQ(Start(""), Designed) << "a first start says nothing";
+  const platform::BandLayout changed = Rearrange();
+  EXPECT_FALSE(changed == Designed);
+  EXPECT_EQ(Start(), changed);
+  EXPECT_EQ(Steps, "");
+  Rearrange(true);
+  EXPECT_EQ(Start(), changed) << "the menu bar comes back";
+}
+
+TEST_F(ToolbarLayoutTest, AFileThatCannotBeUsedIsToldAndDeleted) {
+  for (const char* content : {"", "garbage", "Quillmark toolbar layout 2\n0 00000000\n"}) {
+    Folder.Write(ToolbarLayout::FileName, content);
+    Prompts.Expect(Unloadable);
+    EXPECT_EQ(Start(), Designed);
+    EXPECT_EQ(Steps, "templates buttons tabs ");
+    EXPECT_FALSE(FileIsThere());
+  }
+  std::filesystem::create_directory(File);
+  Prompts.Expect(Unloadable);
+  EXPECT_EQ(Start(), Designed);
+}
+
+TEST_F(ToolbarLayoutTest, AnUpgradeResetsTheBarsOnce) {
+  Rearrange();
+  Prompts.Expect(Upgrade);
+  EXPECT_EQ(Start("2.1"), Designed);
+  EXPECT_FALSE(FileIsThere());
+  EXPECT_EQ(Start(), Designed);
+}
+
+TEST_F(ToolbarLayoutTest, AFileThatCannotBeWrittenIsToldAndDeleted) {
+  std::filesystem::create_directory(File);
+  tests::FakeBar bar(Design());
+  Prompts.Expect(Unsavable);
+  Made(bar).SaveToolbarLayout();
+  EXPECT_FALSE(FileIsThere());
+}
+
+TEST_F(ToolbarLayoutTest, ResetsOneBandOrAll) {
+  tests::FakeBar bar(Design());
+  ToolbarLayout layout = Made(bar);
+  layout.LoadToolbarLayout("3.0");
+  bar.Layout.Remove("Toolbar", 0);
+  bar.Layout.Remove("Other", 0);
+  layout.ResetBand("Other");
+  EXPECT_EQ(*bar.Layout.Find("Other"), *Designed.Find("Other"));
+  EXPECT_EQ(bar.Layout.Find("Toolbar")->Tools.size(), 1U);
+  EXPECT_EQ(Steps, "");
+  layout.ResetToolbars();
+  EXPECT_EQ(bar.Layout, Designed);
+  EXPECT_EQ(Steps, "templates buttons tabs ");
+}
+
+}  // namespace

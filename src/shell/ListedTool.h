@@ -1,7 +1,9 @@
 #pragma once
 // An entry that a list puts on a band while the program runs: one for each template, window or file.
 
+#include <charconv>
 #include <string>
+#include <string_view>
 
 namespace shell {
 
@@ -9,6 +11,19 @@ namespace shell {
 /// may have entries.
 inline constexpr int TemplateToolBase = 1000, WindowToolBase = 3000, ResetToolbarsTool = 20122;
 inline constexpr std::size_t MostListed = 1999;
+
+/// What the names of listed tools begin with; the entry's number follows.
+inline constexpr std::string_view TemplateTool = "Template", WindowTabTool = "tbWList", WindowMenuTool = "miWList",
+                                  HistoryTool = "History";
+
+/// The number behind a prefix: 12 for "Template12"; 0 when the name is no such tool.
+inline std::size_t NumberOf(std::string_view name, std::string_view prefix) {
+  std::size_t number = 0;
+  if (!name.starts_with(prefix)) return 0;
+  const char* end = name.data() + name.size();
+  const auto [stop, error] = std::from_chars(name.data() + prefix.size(), end, number);
+  return error == std::errc() && stop == end ? number : 0;
+}
 
 struct ListedTool {
   int Identifier = 0;

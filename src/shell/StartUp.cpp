@@ -35,6 +35,7 @@ void LoadFrame(FrameSteps& frame, const CommandLine& commandLine, bool& useSubcl
   useSubclassing = true;
   frame.PopulateTemplates();
   for (const std::string& token : commandLine.Switches) ApplySwitch(frame, token, useSubclassing);
+  frame.Show();
   for (const FileArgument& file : commandLine.Files) {
     if (file.FullPath.empty())
       frame.Prompts().Show(DoesNotExist(file.Given));

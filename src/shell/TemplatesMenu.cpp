@@ -20,7 +20,7 @@ TemplatesMenu PopulateTemplates(const std::string& folder, templates::Template& 
     if (defNewTemplate.Name.empty() || defNewTemplate.Name == record.Name) defNewTemplate = record;
     const std::size_t index = menu.List.size();
     menu.Tools.push_back({.Identifier = TemplateToolBase + static_cast<int>(index) + 1,
-                          .Name = "Template" + std::to_string(index + 1),
+                          .Name = std::string(TemplateTool) + std::to_string(index + 1),
                           .Caption = CaptionText(record.Name),
                           .Description = NewDescription(record),
                           .Index = index});

@@ -9,7 +9,7 @@ bool IsListed(const ChildWindow& window) {
 }
 
 std::vector<ListedTool> List(const std::vector<const ChildWindow*>& windows, const ChildWindow* active,
-                             const ChildWindow* excluded, const std::string& prefix, platform::Prompts& prompts) {
+                             const ChildWindow* excluded, std::string_view prefix, platform::Prompts& prompts) {
   std::vector<ListedTool> tools;
   for (std::size_t i = 0; i < windows.size(); ++i) {
     const ChildWindow& window = *windows[i];
@@ -22,7 +22,7 @@ std::vector<ListedTool> List(const std::vector<const ChildWindow*>& windows, con
     }
     const int number = static_cast<int>(tools.size()) + 1;
     tools.push_back({.Identifier = WindowToolBase + number,
-                     .Name = prefix + std::to_string(number),
+                     .Name = std::string(prefix) + std::to_string(number),
                      .Caption = CaptionText(window.Caption()),
                      .Description = window.CurFileName().empty() ? "Show this Window" : window.CurFileName(),
                      .Index = i,
@@ -35,7 +35,7 @@ std::vector<ListedTool> List(const std::vector<const ChildWindow*>& windows, con
 
 std::vector<ListedTool> WindowTabs(const std::vector<const ChildWindow*>& windows, const ChildWindow* active,
                                    const ChildWindow* excluded, platform::Prompts& prompts) {
-  std::vector<ListedTool> tools = List(windows, active, excluded, "tbWList", prompts);
+  std::vector<ListedTool> tools = List(windows, active, excluded, WindowTabTool, prompts);
   for (ListedTool& tool : tools)
     if (!windows[tool.Index]->Saved()) tool.Caption += " *";
   return tools;
@@ -43,7 +43,7 @@ std::vector<ListedTool> WindowTabs(const std::vector<const ChildWindow*>& window
 
 std::vector<ListedTool> WindowMenu(const std::vector<const ChildWindow*>& windows, const ChildWindow* active,
                                    platform::Prompts& prompts) {
-  std::vector<ListedTool> tools = List(windows, active, nullptr, "miWList", prompts);
+  std::vector<ListedTool> tools = List(windows, active, nullptr, WindowMenuTool, prompts);
   for (std::size_t i = 0; i < tools.size(); ++i) tools[i].Caption.insert(0, "&" + std::to_string(i + 1) + " ");
   return tools;
 }

@@ -64,6 +64,7 @@ void Mainwin::closeEvent(QCloseEvent* event) {
   }
   m_closed = m_closed || m_document->MayClose();
   event->setAccepted(m_closed);
+  if (m_closed) Q_EMIT Closing();
 }
 
 // The control is disabled while colouring runs, and its keys come here.

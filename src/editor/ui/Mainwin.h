@@ -38,6 +38,9 @@ class Mainwin : public QWidget, public shell::ChildWindow, public DocumentWindow
   std::string Caption() const override;
   bool Saved() const override { return m_document->State().Saved; }
   std::string CurFileName() const override { return m_document->State().CurFileName; }
+  const std::string& CurSFileName() const { return m_document->State().CurSFileName; }
+  const std::string& TemplateFile() const { return m_document->State().Template.TemplateFile; }
+  bool TemplateChosen() const { return m_document->State().Template.TemplateChosen; }
 
   /// The text control.
   platform::qt::RichTextBox& TextArea() { return *m_textArea; }
@@ -45,6 +48,10 @@ class Mainwin : public QWidget, public shell::ChildWindow, public DocumentWindow
   bool Closed() const { return m_closed; }
   /// Whether a colouring run is under way.
   bool Busy() const { return m_document->Busy(); }
+
+ Q_SIGNALS:
+  /// The user has answered every question and the window closes.
+  void Closing();
 
  protected:
   void closeEvent(QCloseEvent* event) override;

@@ -2,24 +2,24 @@
 
 #include <QCloseEvent>
 #include <QDragEnterEvent>
-#include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMimeData>
 #include <QTimer>
 
 #include "platform/FileParsing.h"
-#include "platform/Files.h"
+#include "settings/TemplateChoice.h"
+#include "shell/CaretPlace.h"
 #include "shell/FileFilters.h"
-#include "shell/TemplateList.h"
 #include "shell/ToolTable.h"
-#include "shell/WindowList.h"
+#include "shell/ui/FrameLifetime.h"
+#include "shell/ui/FramePlacement.h"
+#include "shell/ui/FrameWindows.h"
+#include "shell/ui/HandOverListener.h"
 #include "shell/ui/WindowKeys.h"
 
 namespace shell::ui {
 namespace {
-
-constexpr const char* TemplateFileType = "Template Definition File";
 
 editor::ui::Mainwin* DocumentIn(const QMdiSubWindow* window) {
   return window ? qobject_cast<editor::ui::Mainwin*>(window->widget()) : nullptr;
@@ -27,132 +27,131 @@ editor::ui::Mainwin* DocumentIn(const QMdiSubWindow* window) {
 
 }  // namespace
 
-BackWin::BackWin(platform::Prompts& prompts, std::string programFolder)
+BackWin::BackWin(platform::Prompts& prompts, const FramePlaces& places)
     : m_prompts(prompts),
-      m_programFolder(std::move(programFolder)),
-      m_templateList(ReadTemplateList(m_programFolder)),
-      m_windows(new QMdiArea(this)),
+      m_windows(new FrameWindows(this)),
       m_status(new platform::qt::StatusBar(this)),
       m_commands([this] { return ActiveChild(); }),
-      m_bar(*this, DesignedBar(), BarEvents()) {
+      m_bar(*this, DesignedBar(), BarEvents()),
+      m_menus(m_bar, m_values, m_prompts),
+      m_layout(m_bar, m_prompts, places.ProgramFolder + "/" + settings::ToolbarLayout::FileName,
+               {.PopulateTemplates = [this] { m_menus.PopulateTemplates(); },
+                .EnableButtons = [this] { EnableButtons(); },
+                .UpdateWindowTabs = [this] { UpdateWindowTabs(); }}) {
+  m_values.ProgramFolder = places.ProgramFolder;
+  m_values.StartFolder = places.StartFolder;
   setObjectName(QStringLiteral("BackWin"));
   setWindowTitle(QStringLiteral("Quillmark"));
   setAcceptDrops(true);
   setCentralWidget(m_windows);
   setStatusBar(m_status);
   resize(1000, 720);
-  if (!m_templateList.empty()) m_defNewTemplate = m_templateList.front();
   connect(m_windows, &QMdiArea::subWindowActivated, this, &BackWin::WindowActivated);
   connect(m_status, &platform::qt::StatusBar::TemplateClicked, this, [this] {
     if (editor::ui::Mainwin* document = ActiveDocument()) document->SetTemplate("");
   });
-  m_designedLayout = m_bar.SaveLayout();
-  BindFileCommands();
-  BindEditCommands();
-  BindWindowCommands();
-  BindHelpCommands();
-  DisableWaitingTools();
+  BindCommands();
   DisableDocumentTools();
   AddWindowKeys(*this, *m_windows);
   m_status->SetStyle(platform::StatusStyle::Simple);
+  m_lifetime = MakeLifetime(places);
+  m_listener = std::make_unique<HandOverListener>(
+      places.InstanceFolder,
+      HandOverListener::Actions{.OpenFile = [this](const std::string& argument) { OpenHandedOver(argument); },
+                                .BringToFront = [this] { BringToFront(); }});
+}
+
+BackWin::BackWin(platform::Prompts& prompts, const std::string& programFolder)
+    : BackWin(
+          prompts,
+          FramePlaces{
+              .ProgramFolder = programFolder, .StartFolder = programFolder, .RegistryPath = "", .InstanceFolder = ""}) {
+  m_menus.PopulateTemplates();
 }
 
 // Windows still tell the frame what happens to them while they go, so they go first.
 BackWin::~BackWin() {
   disconnect(m_windows, nullptr, this, nullptr);
+  for (const editor::ui::Mainwin* document : m_windows->findChildren<editor::ui::Mainwin*>())
+    disconnect(document, nullptr, this, nullptr);
   delete takeCentralWidget();
 }
 
-// Documents.
+// Start and end.
 
-editor::ui::Mainwin* BackWin::AddDocument() {
-  const QMdiSubWindow* active = m_windows->currentSubWindow();
-  const Qt::WindowStates state = active ? active->windowState() : Qt::WindowMaximized;
-  auto* document = new editor::ui::Mainwin(*this);
-  QMdiSubWindow* window = m_windows->addSubWindow(document);
-  window->setWindowIcon(windowIcon());
-  window->resize(720, 480);
-  RemoveWindowKeys(*window);
-  if (state & Qt::WindowMinimized)
-    window->showMinimized();
-  else
-    (state & Qt::WindowMaximized) ? window->showMaximized() : window->show();
-  return document;
+std::unique_ptr<FrameLifetime> BackWin::MakeLifetime(const FramePlaces& places) {
+  return std::make_unique<FrameLifetime>(
+      FrameLifetime::Parts{*this, m_values, m_prompts, m_menus, m_layout}, places.RegistryPath,
+      FrameLifetime::Actions{.OpenFile = [this](const FileArgument& file) { OpenFile(file); },
+                             .NewDocument = [this] { NewDocument(); },
+                             .HasWindows = [this] { return WindowCount() > 0; },
+                             .WatchActivation = [](bool) {}});
 }
 
-std::string BackWin::TemplateFor(const std::string& path) const {
-  const std::string file = GetTemplateOf(platform::FileExtension(path));
-  return file.empty() ? m_settings.DefOpenTemplate : file;
+void BackWin::Load(const CommandLine& commandLine) {
+  LoadFrame(*m_lifetime, commandLine, m_values.UseSubclassing);
+  m_loaded = true;
+  m_listener->Start();
 }
 
-void BackWin::OpenFile(const std::string& path) {
-  if (!platform::FileExists(path)) {
-    m_prompts.Show(
-        {.Text = path + " does not exist.", .Title = "Error opening file...", .Icon = platform::PromptIcon::Critical});
+void BackWin::closeEvent(QCloseEvent* event) {
+  event->setAccepted(m_windows->CloseAll());
+  if (!event->isAccepted()) {
+    // A document that is being coloured stops at once and can close then.
+    for (const QMdiSubWindow* window : m_windows->subWindowList())
+      if (const editor::ui::Mainwin* document = DocumentIn(window); document && document->Busy())
+        QTimer::singleShot(0, this, &QWidget::close);
     return;
   }
+  m_listener.reset();
+  if (!std::exchange(m_loaded, false)) return;
+  UnloadFrame(*m_lifetime);
+  Q_EMIT Unloaded();
+}
+
+void BackWin::OpenHandedOver(const std::string& argument) {
+  const FileArgument file = ParseFileArgument(argument, m_values.StartFolder);
+  OpenFile(file.FullPath.empty() ? FileArgument{argument, argument, 0, 0} : file);
+}
+
+void BackWin::BringToFront() {
+  if (isMinimized()) setWindowState(windowState() & ~Qt::WindowMinimized);
+  raise();
+  activateWindow();
+}
+
+// Files.
+
+void BackWin::OpenFile(const std::string& path) {
+  if (!settings::MayOpen(path, m_prompts)) return;
+  m_menus.AddToHistory(path);
   editor::ui::Mainwin* document = AddDocument();
-  document->SetTemplate(TemplateFor(path), true);
+  const settings::ChosenTemplate chosen = settings::ChooseTemplate(
+      path, {m_values.TemplateList, m_values.FileInfos, m_values.Settings, m_values.ProgramFolder}, m_prompts);
+  if (chosen.TemplateChosen) document->SetTemplateChosen(true);
+  document->SetTemplate(chosen.File, true);
   if (!document->Closed()) document->OpenFile(path);
 }
 
+void BackWin::OpenFile(const FileArgument& file) {
+  OpenFile(file.FullPath);
+  editor::ui::Mainwin* document = ActiveDocument();
+  if (file.Line == 0 || !document || document->CurFileName() != file.FullPath) return;
+  document->TextArea().SetSelStart(OffsetOf(document->TextArea(), file.Line, file.Column));
+}
+
 void BackWin::NewDocument() {
-  AddDocument()->SetTemplate(m_defNewTemplate.FileName.empty() ? templates::NoTemplate : m_defNewTemplate.FileName);
+  AddDocument()->SetTemplate(m_values.Settings.DefNewTemplate.FileName);
 }
 
-editor::ui::Mainwin* BackWin::ActiveDocument() const {
-  return DocumentIn(m_windows->currentSubWindow());
-}
-
-std::size_t BackWin::WindowCount() const {
-  return static_cast<std::size_t>(m_windows->subWindowList().size());
-}
-
-void BackWin::WindowActivated(QMdiSubWindow* window) {
-  if (editor::ui::Mainwin* document = DocumentIn(window); document && !document->Closed()) return document->Activated();
-  if (WindowCount() > 0) return;
-  DisableDocumentTools();
-  m_status->SetStyle(platform::StatusStyle::Simple);
-  UpdateWindowTabs();
-}
-
-void BackWin::DisableDocumentTools() {
-  for (const std::string_view tool : editor::DocumentTools()) EnableTool(tool, false);
-}
-
-void BackWin::UpdateWindowTabs() {
-  const QList<QMdiSubWindow*> open = m_windows->subWindowList();
-  QList<QMdiSubWindow*> shown;
-  std::vector<const ChildWindow*> children;
-  for (QMdiSubWindow* window : open)
-    if (const editor::ui::Mainwin* document = DocumentIn(window); document && !document->Closed()) {
-      shown.push_back(window);
-      children.push_back(document);
-    }
-  m_bar.ClearBand("WindowTabs");
-  for (const ListedTool& tool : WindowTabs(children, ActiveChild(), nullptr, m_prompts)) {
-    QMdiSubWindow* window = shown[static_cast<qsizetype>(tool.Index)];
-    const bool saved = children[tool.Index]->Saved();
-    const std::string caption = children[tool.Index]->Caption();
-    window->setWindowTitle(QString::fromStdString(saved ? caption : caption + " *"));
-    m_bar.AddTool("WindowTabs", {.Name = tool.Name,
-                                 .Id = tool.Identifier,
-                                 .Caption = tool.Caption,
-                                 .Description = "Show this Window",
-                                 .Tip = tool.Description,
-                                 .Tag = static_cast<int>(open.indexOf(window)) + 1,
-                                 .Key = reinterpret_cast<std::uintptr_t>(window),
-                                 .Checked = tool.Checked,
-                                 .Icon = ""});
-  }
-  m_bar.RecalcLayout();
-}
-
-// What documents ask for.
-
-void BackWin::ShowTextPopup(int x, int y) {
-  if (editor::ui::Mainwin* document = ActiveDocument())
-    m_bar.Menu("TextPopup")->popup(document->TextArea().mapToGlobal(QPoint(x, y)));
+std::string BackWin::GetOpenFile(std::string_view title, std::string_view extName, std::string_view ext,
+                                 const std::string& folder) {
+  return m_prompts.AskOpenFile({.Title = std::string(title),
+                                .Filters = extName == TemplateTypes
+                                               ? TemplateFilters(m_values.TemplateList, m_values.Settings.Associations)
+                                               : FiltersFor(extName, ext),
+                                .Folder = folder,
+                                .SuggestedName = ""});
 }
 
 std::string BackWin::GetSaveFile(std::string_view title, std::string_view extName, std::string_view ext,
@@ -162,26 +161,98 @@ std::string BackWin::GetSaveFile(std::string_view title, std::string_view extNam
 }
 
 std::string BackWin::AskTemplate() {
-  return m_prompts.AskOpenFile({.Title = "Select Template",
-                                .Filters = FiltersFor(TemplateFileType, "def"),
-                                .Folder = m_programFolder,
-                                .SuggestedName = ""});
+  return GetOpenFile("Select Template", "Template Definition File", "def", m_values.ProgramFolder);
 }
 
 std::string BackWin::GetTemplateOf(std::string_view extension) const {
-  const std::string file = TemplateOfExtension(m_templateList, extension);
-  return file.empty() ? TemplateOfExtension(m_associations, extension) : file;
+  return settings::GetTemplateOf(extension, m_values.TemplateList, m_values.Settings.Associations);
 }
 
-// The window.
+void BackWin::AddAssociation(const templates::Template& association) {
+  m_values.Settings.Associations.push_back(association);
+}
 
-void BackWin::closeEvent(QCloseEvent* event) {
-  m_windows->closeAllSubWindows();
-  const bool allClosed = WindowCount() == 0;
-  event->setAccepted(allClosed);
-  for (const QMdiSubWindow* window : m_windows->subWindowList())
-    if (const editor::ui::Mainwin* document = DocumentIn(window); document && document->Busy())
-      QTimer::singleShot(0, this, &QWidget::close);
+// Windows.
+
+editor::ui::Mainwin* BackWin::AddDocument() {
+  auto* document = new editor::ui::Mainwin(*this);
+  connect(document, &editor::ui::Mainwin::Closing, this, [this, document] { WindowCloses(*document); });
+  m_windows->Add(document);
+  return document;
+}
+
+editor::ui::Mainwin* BackWin::ActiveDocument() const {
+  return DocumentIn(m_windows->currentSubWindow());
+}
+
+ChildWindow* BackWin::ActiveChild() const {
+  return m_windows->Active();
+}
+
+std::size_t BackWin::WindowCount() const {
+  return m_windows->Windows().size();
+}
+
+void BackWin::WindowActivated(QMdiSubWindow* window) {
+  if (editor::ui::Mainwin* document = DocumentIn(window); document && !document->Closed()) return document->Activated();
+  UpdateWindowTabs();
+  if (WindowCount() > 0) return;
+  DisableDocumentTools();
+  m_status->SetStyle(platform::StatusStyle::Simple);
+}
+
+void BackWin::WindowCloses(editor::ui::Mainwin& document) {
+  settings::RecordClosing(m_values.FileInfos, {.CurFileName = document.CurFileName(),
+                                               .CurSFileName = document.CurSFileName(),
+                                               .TemplateFile = document.TemplateFile(),
+                                               .TemplateChosen = document.TemplateChosen()});
+  UpdateWindowTabs(&document);
+}
+
+void BackWin::UpdateWindowTabs(const ChildWindow* excluded) {
+  m_menus.UpdateWindowTabs(m_windows->Listed(), ActiveChild(), excluded);
+  for (QMdiSubWindow* window : m_windows->subWindowList())
+    if (const ChildWindow* child = ChildIn(window)) {
+      const QString caption = QString::fromStdString(child->Caption());
+      window->setWindowTitle(child->Saved() ? caption : caption + QStringLiteral(" *"));
+    }
+}
+
+void BackWin::FocusChild() {
+  if (const QMdiSubWindow* window = m_windows->currentSubWindow(); window && window->widget())
+    window->widget()->setFocus();
+}
+
+void BackWin::EnableButtons() {
+  if (editor::ui::Mainwin* document = ActiveDocument()) document->EnableButtons();
+}
+
+void BackWin::DisableDocumentTools() {
+  for (const std::string_view tool : editor::DocumentTools()) EnableTool(tool, false);
+}
+
+void BackWin::ShowTextPopup(int x, int y) {
+  if (editor::ui::Mainwin* document = ActiveDocument())
+    m_bar.Menu("TextPopup")->popup(document->TextArea().mapToGlobal(QPoint(x, y)));
+}
+
+// The window's own events.
+
+bool BackWin::event(QEvent* event) {
+  const bool handled = QMainWindow::event(event);
+  if (event->type() == QEvent::WindowActivate) FocusChild();
+  return handled;
+}
+
+// Only a loaded frame has a place of its own to remember.
+void BackWin::moveEvent(QMoveEvent* event) {
+  QMainWindow::moveEvent(event);
+  if (m_loaded) RememberPlace(*this, m_values.Settings.Frame);
+}
+
+void BackWin::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  if (m_loaded) RememberPlace(*this, m_values.Settings.Frame);
 }
 
 void BackWin::dragEnterEvent(QDragEnterEvent* event) {
@@ -190,7 +261,12 @@ void BackWin::dragEnterEvent(QDragEnterEvent* event) {
 
 void BackWin::dropEvent(QDropEvent* event) {
   for (const QUrl& url : event->mimeData()->urls())
-    if (url.isLocalFile()) OpenFile(url.toLocalFile().toStdString());
+    if (url.isLocalFile()) OpenDropped(url.toLocalFile().toStdString());
+}
+
+void BackWin::OpenDropped(const std::string& path) {
+  const std::string full = platform::FullPathName(path, m_values.StartFolder);
+  OpenFile(full.empty() ? path : full);
 }
 
 }  // namespace shell::ui

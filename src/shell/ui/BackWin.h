@@ -1,9 +1,10 @@
 #pragma once
 // The frame window: the document windows, the menus and the status bar, and every program-wide value.
+//
+// Load and the closing do the program's start and end. A frame that is not loaded keeps nothing from run to run.
 
 #include <QMainWindow>
 #include <memory>
-#include <vector>
 
 #include "editor/DocumentFrame.h"
 #include "editor/ui/Mainwin.h"
@@ -11,27 +12,57 @@
 #include "platform/qt/QtEventLoop.h"
 #include "platform/qt/QtTimer.h"
 #include "platform/qt/StatusBar.h"
-#include "settings/Settings.h"
+#include "settings/ToolbarLayout.h"
 #include "shell/CommandTable.h"
+#include "shell/FrameMenus.h"
+#include "shell/ListedTool.h"
+#include "shell/ProgramValues.h"
+#include "shell/StartUp.h"
 
-class QMdiArea;
 class QMdiSubWindow;
 
 namespace shell::ui {
+
+class FrameLifetime;
+class FrameWindows;
+class HandOverListener;
+
+/// Where the frame finds what it keeps.
+struct FramePlaces {
+  std::string ProgramFolder;
+  std::string StartFolder;     ///< relative paths begin here
+  std::string RegistryPath;    ///< the file with the settings
+  std::string InstanceFolder;  ///< where other starts reach this one, whose lock is held; "" for nowhere
+};
 
 class BackWin : public QMainWindow, private editor::DocumentFrame {
   Q_OBJECT
 
  public:
-  /// The prompts must outlive the frame. `programFolder` holds the templates.
-  BackWin(platform::Prompts& prompts, std::string programFolder);
+  /// A frame that Load will bring to life. The prompts must outlive it.
+  BackWin(platform::Prompts& prompts, const FramePlaces& places);
+  /// A frame with the templates of a folder, ready at once, that keeps nothing.
+  BackWin(platform::Prompts& prompts, const std::string& programFolder);
   ~BackWin() override;
 
-  /// Opens an existing file in a new document window, with the template for its extension.
+  /// Everything from the settings to the first document.
+  void Load(const CommandLine& commandLine);
+
+  /// Opens an existing file in a new document window, with its record's template, or its extension's, or one that the
+  /// user chooses.
   void OpenFile(const std::string& path) override;
+  /// The same, with the caret where the argument says.
+  void OpenFile(const FileArgument& file);
 
   /// A blank document with the new-document template.
   void NewDocument();
+
+  /// The user's choice of a file to open; "" when cancelled. The type "*Templates*" stands for the files of every
+  /// template. "" as the folder means the one used last.
+  std::string GetOpenFile(std::string_view title, std::string_view extName, std::string_view ext,
+                          const std::string& folder = "");
+  std::string GetSaveFile(std::string_view title, std::string_view extName, std::string_view ext,
+                          const std::string& suggested) override;
 
   /// Runs the command of a tool.
   void ActiveBar_ToolClick(const std::string& name) override;
@@ -41,9 +72,17 @@ class BackWin : public QMainWindow, private editor::DocumentFrame {
   std::size_t WindowCount() const;
   /// The commands that nothing has been bound to yet; their tools are grey.
   std::vector<std::string> WaitingCommands() const { return m_commands.Waiting(); }
+  ProgramValues& Values() { return m_values; }
+
+ Q_SIGNALS:
+  /// Every window has gone and everything is stored.
+  void Unloaded();
 
  protected:
+  bool event(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
 
@@ -51,24 +90,38 @@ class BackWin : public QMainWindow, private editor::DocumentFrame {
   platform::StatusPanels& Status() override { return *m_status; }
   platform::Prompts& Prompts() override { return m_prompts; }
   platform::EventLoop& Loop() override { return m_loop; }
-  const settings::Settings& Settings() const override { return m_settings; }
+  const settings::Settings& Settings() const override { return m_values.Settings; }
   std::unique_ptr<platform::Timer> MakeTimer() override { return std::make_unique<platform::qt::QtTimer>(); }
-  std::string GetSaveFile(std::string_view title, std::string_view extName, std::string_view ext,
-                          const std::string& suggested) override;
   std::string AskTemplate() override;
   std::string GetTemplateOf(std::string_view extension) const override;
-  void AddAssociation(const templates::Template& association) override { m_associations.push_back(association); }
+  void AddAssociation(const templates::Template& association) override;
   void EnableTool(std::string_view name, bool enabled) override;
   void CheckTool(std::string_view name, bool checked) override { m_bar.Check(name, checked); }
-  void UpdateWindowTabs() override;
+  void UpdateWindowTabs() override { UpdateWindowTabs(nullptr); }
   void ShowTextPopup(int x, int y) override;
 
+  // Windows.
   editor::ui::Mainwin* AddDocument();
-  std::string TemplateFor(const std::string& path) const;
   void WindowActivated(QMdiSubWindow* window);
+  void WindowCloses(editor::ui::Mainwin& document);
+  void UpdateWindowTabs(const ChildWindow* excluded);
+  ChildWindow* ActiveChild() const;
+  void FocusChild();
+  void EnableButtons();
   void DisableDocumentTools();
-  shell::ChildWindow* ActiveChild() const;
+
+  // Start, end and what other starts want.
+  std::unique_ptr<FrameLifetime> MakeLifetime(const FramePlaces& places);
+  void OpenDropped(const std::string& path);
+  void OpenHandedOver(const std::string& argument);
+  void BringToFront();
+
+  // Commands.
   platform::ActiveBarEvents BarEvents();
+  void BandOpens(const std::string& band);
+  /// Which window a tab or an entry of the Window menu stands for.
+  std::size_t IndexOf(const std::string& windowTool) const;
+  void BindCommands();
   void BindFileCommands();
   void BindEditCommands();
   void BindWindowCommands();
@@ -76,24 +129,26 @@ class BackWin : public QMainWindow, private editor::DocumentFrame {
   /// Binds the command of a tool that concerns the active document.
   void BindDocument(std::string_view tool, std::function<void(editor::ui::Mainwin&)> action);
   void DisableWaitingTools();
+  bool Confirmed(const std::string& question);
   void WordWrap(editor::ui::Mainwin& document);
   void RefreshColouring(editor::ui::Mainwin& document);
   void ChooseFont(const std::string& tool, editor::ui::Mainwin& document);
   void OpenByDialog();
+  void NewFromTemplate(const std::string& tool);
   void ShowAbout();
 
   platform::Prompts& m_prompts;
-  std::string m_programFolder;
-  settings::Settings m_settings;
-  std::vector<templates::Template> m_templateList;
-  std::vector<templates::Template> m_associations;
-  templates::Template m_defNewTemplate;
+  ProgramValues m_values;
   platform::qt::QtEventLoop m_loop;
-  QMdiArea* m_windows;
+  FrameWindows* m_windows;
   platform::qt::StatusBar* m_status;
   CommandTable m_commands;
   platform::qt::ActiveBar m_bar;
-  std::string m_designedLayout;  ///< of the bar, to go back to
+  FrameMenus m_menus;
+  settings::ToolbarLayout m_layout;
+  std::unique_ptr<FrameLifetime> m_lifetime;
+  std::unique_ptr<HandOverListener> m_listener;
+  bool m_loaded = false;
 };
 
 }  // namespace shell::ui

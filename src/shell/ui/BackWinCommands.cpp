@@ -1,37 +1,32 @@
 // What the frame's tools do: each command of the table bound to its action.
 
-#include <QMdiArea>
 #include <QMdiSubWindow>
 
-#include "platform/FileParsing.h"
 #include "shell/FileFilters.h"
 #include "shell/ToolTable.h"
 #include "shell/ui/BackWin.h"
+#include "shell/ui/FrameLifetime.h"
+#include "shell/ui/FrameWindows.h"
 
 namespace shell::ui {
 
 void BackWin::ActiveBar_ToolClick(const std::string& name) {
   m_commands.Run(name);
-  if (editor::ui::Mainwin* active = ActiveDocument()) active->setFocus();
+  FocusChild();
 }
 
 platform::ActiveBarEvents BackWin::BarEvents() {
   return {.ToolClick = [this](const std::string& tool) { ActiveBar_ToolClick(tool); },
-          .ToolClose =
-              [this](const std::string& tool) {
-                const int n = m_bar.Tool(tool).Tag;
-                if (n > 0 && n <= m_windows->subWindowList().size()) m_windows->subWindowList()[n - 1]->close();
-              },
-          .BandOpen =
-              [this](const std::string& band) {
-                if (band == platform::CustomiseBand) m_bar.AddTool(band, "ResetToolbars");
-              },
-          .FileDropped = [this](const std::string& path) { OpenFile(path); },
-          .ResetBand = [this](const std::string& band) { m_bar.LoadBand(m_designedLayout, band); },
-          .Released =
-              [this] {
-                if (editor::ui::Mainwin* active = ActiveDocument()) active->setFocus();
-              }};
+          .ToolClose = [this](const std::string& tool) { m_windows->Close(IndexOf(tool)); },
+          .BandOpen = [this](const std::string& band) { BandOpens(band); },
+          .FileDropped = [this](const std::string& path) { OpenDropped(path); },
+          .ResetBand = [this](const std::string& band) { m_layout.ResetBand(band); },
+          .Released = [this] { FocusChild(); }};
+}
+
+void BackWin::BandOpens(const std::string& band) {
+  if (band == "mnuWindow") m_menus.FillWindowMenu(m_windows->Listed(), ActiveChild());
+  if (band == platform::CustomiseBand) m_menus.FillCustomiseMenu();
 }
 
 // A tool whose command is not there yet stays grey, whatever a document says.
@@ -43,9 +38,12 @@ void BackWin::DisableWaitingTools() {
   for (const std::string& tool : m_commands.Waiting()) m_bar.Enable(tool, false);
 }
 
-ChildWindow* BackWin::ActiveChild() const {
-  const QMdiSubWindow* window = m_windows->currentSubWindow();
-  return window ? dynamic_cast<ChildWindow*>(window->widget()) : nullptr;
+void BackWin::BindCommands() {
+  BindFileCommands();
+  BindEditCommands();
+  BindWindowCommands();
+  BindHelpCommands();
+  DisableWaitingTools();
 }
 
 void BackWin::BindDocument(std::string_view tool, std::function<void(editor::ui::Mainwin&)> action) {
@@ -56,9 +54,12 @@ void BackWin::BindDocument(std::string_view tool, std::function<void(editor::ui:
 
 void BackWin::BindFileCommands() {
   m_commands.Bind("new", [this](const std::string&) { NewDocument(); });
+  m_commands.Bind(TemplateTool, [this](const std::string& tool) { NewFromTemplate(tool); });
   m_commands.Bind("open", [this](const std::string&) { OpenByDialog(); });
   m_commands.Bind("save", [this](const std::string&) { ActiveChild()->SaveFile(ActiveChild()->CurFileName()); });
   m_commands.Bind("saveas", [this](const std::string&) { ActiveChild()->SaveFile(""); });
+  for (const char* history : {"History1", "History2", "History3"})
+    m_commands.Bind(history, [this](const std::string& tool) { OpenFile(m_menus.HistoryPath(tool)); });
   m_commands.Bind("exit", [this](const std::string&) { close(); });
 }
 
@@ -76,19 +77,38 @@ void BackWin::BindEditCommands() {
 }
 
 void BackWin::BindWindowCommands() {
-  m_commands.Bind("miWTileV", [this](const std::string&) { m_windows->tileSubWindows(); });
-  m_commands.Bind("miWCascade", [this](const std::string&) { m_windows->cascadeSubWindows(); });
-  const auto activate = [this](const std::string& tool) {
-    const int n = m_bar.Tool(tool).Tag;
-    if (n > 0 && n <= m_windows->subWindowList().size())
-      m_windows->setActiveSubWindow(m_windows->subWindowList()[n - 1]);
-  };
-  m_commands.Bind("tbWList", activate);
-  m_commands.Bind("ResetToolbars", [this](const std::string&) { m_bar.LoadLayout(m_designedLayout); });
+  m_commands.Bind("miWTileH", [this](const std::string&) { m_windows->TileHorizontally(); });
+  m_commands.Bind("miWTileV", [this](const std::string&) { m_windows->TileVertically(); });
+  m_commands.Bind("miWCascade", [this](const std::string&) { m_windows->Cascade(); });
+  m_commands.Bind("miWTileA", [this](const std::string&) { m_windows->ArrangeMinimised(); });
+  const auto activate = [this](const std::string& tool) { m_windows->Activate(IndexOf(tool)); };
+  m_commands.Bind(WindowTabTool, activate);
+  m_commands.Bind(WindowMenuTool, activate);
+  m_commands.Bind("Reset", [this](const std::string&) {
+    if (Confirmed("Reset All Settings, are you sure?")) m_lifetime->SetDefaults(true);
+  });
+  m_commands.Bind("ResetToolbars", [this](const std::string&) {
+    if (Confirmed("Reset All Toolbars, are you sure?")) m_layout.ResetToolbars();
+  });
 }
 
 void BackWin::BindHelpCommands() {
   m_commands.Bind("miHAbout", [this](const std::string&) { ShowAbout(); });
+}
+
+std::size_t BackWin::IndexOf(const std::string& windowTool) const {
+  return static_cast<std::size_t>(m_bar.Tool(windowTool).Tag);
+}
+
+bool BackWin::Confirmed(const std::string& question) {
+  return m_prompts.Show({.Text = question,
+                         .Buttons = platform::PromptButtons::YesNo,
+                         .Icon = platform::PromptIcon::Question,
+                         .Default = platform::PromptAnswer::No}) == platform::PromptAnswer::Yes;
+}
+
+void BackWin::NewFromTemplate(const std::string& tool) {
+  if (m_menus.ChooseTemplate(tool)) NewDocument();
 }
 
 void BackWin::WordWrap(editor::ui::Mainwin& document) {
@@ -98,10 +118,10 @@ void BackWin::WordWrap(editor::ui::Mainwin& document) {
 }
 
 void BackWin::RefreshColouring(editor::ui::Mainwin& document) {
-  const bool useColours = m_settings.UseColours;
-  m_settings.UseColours = true;
+  const bool useColours = m_values.Settings.UseColours;
+  m_values.Settings.UseColours = true;
   document.ColourScan();
-  m_settings.UseColours = useColours;
+  m_values.Settings.UseColours = useColours;
 }
 
 void BackWin::ChooseFont(const std::string& tool, editor::ui::Mainwin& document) {
@@ -114,11 +134,7 @@ void BackWin::ChooseFont(const std::string& tool, editor::ui::Mainwin& document)
 }
 
 void BackWin::OpenByDialog() {
-  const editor::ui::Mainwin* document = ActiveDocument();
-  const std::string path = m_prompts.AskOpenFile({.Title = "Open Script",
-                                                  .Filters = TemplateFilters(m_templateList, m_associations),
-                                                  .Folder = document ? platform::FolderOf(document->CurFileName()) : "",
-                                                  .SuggestedName = ""});
+  const std::string path = GetOpenFile("Open Script", TemplateTypes, "");
   if (!path.empty()) OpenFile(path);
 }
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "shell/WindowTiles.h"
+#include "shell/ui/WindowKeys.h"
 
 namespace shell::ui {
 namespace {
@@ -41,6 +42,7 @@ void FrameWindows::Add(QWidget* child) {
   const bool maximised = !active || active->isMaximized(), minimised = active && active->isMinimized();
   QMdiSubWindow* window = addSubWindow(child);
   window->setAttribute(Qt::WA_DeleteOnClose);
+  RemoveWindowKeys(*window);
   window->setWindowIcon(this->window()->windowIcon());
   window->resize(FirstSize.boundedTo(viewport()->size().expandedTo(window->minimumSizeHint())));
   if (maximised)

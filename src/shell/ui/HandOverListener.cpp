@@ -8,13 +8,16 @@
 
 namespace shell::ui {
 
-HandOverListener::HandOverListener(const std::string& folder, Actions actions, QObject* parent)
-    : QObject(parent),
-      m_actions(std::move(actions)),
-      m_server(folder, [this](std::string_view command) { return Execute(command); }) {
+HandOverListener::HandOverListener(const std::string& folder, Actions actions)
+    : m_actions(std::move(actions)), m_server(folder, [this](std::string_view command) { return Execute(command); }) {
   if (!m_server.Listening()) return;
   auto* notifier = new QSocketNotifier(m_server.Descriptor(), QSocketNotifier::Read, this);
   connect(notifier, &QSocketNotifier::activated, this, [this] { m_server.Serve(); });
+}
+
+void HandOverListener::Start() {
+  m_opening = false;
+  QTimer::singleShot(0, this, &HandOverListener::OpenNext);
 }
 
 // The answer goes out at once; the file is opened when pending window events have run.

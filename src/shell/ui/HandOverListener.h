@@ -19,8 +19,11 @@ class HandOverListener : public QObject {
     std::function<void()> BringToFront;
   };
 
-  /// Listens in a folder whose lock this process holds, until it is deleted.
-  HandOverListener(const std::string& folder, Actions actions, QObject* parent);
+  /// Listens in a folder whose lock this process holds ("" for nowhere), until it is deleted. Files wait until Start.
+  HandOverListener(const std::string& folder, Actions actions);
+
+  /// The frame is ready for files.
+  void Start();
 
  private:
   bool Execute(std::string_view command);
@@ -28,7 +31,7 @@ class HandOverListener : public QObject {
 
   Actions m_actions;
   std::deque<std::string> m_waiting;
-  bool m_opening = false;
+  bool m_opening = true;  ///< or not started yet
   platform::InstanceServer m_server;
 };
 

@@ -28,6 +28,7 @@ class RecordingFrame : public FrameSteps {
   void SetDefaults(bool resetToolbars) override { Done += resetToolbars ? " defaults+bars" : " defaults"; }
   void DeleteToolbarLayout() override { Done += " delete"; }
   void ResetToolbars() override { Done += " reset"; }
+  void Show() override { Done += " show"; }
   void OpenFile(const FileArgument& file) override {
     Done += " open(" + WithPlace(file) + ")";
     Windows += file.FullPath != "/refused" ? 1 : 0;
@@ -55,12 +56,12 @@ TEST(StartUp, StepsComeInTheirOrder) {
     bool UseSubclassing = true;
   };
   const Case cases[] = {
-      {{}, {}, " hook new"},
-      {{}, {{"a", "/a", 0, 0}, {"b", "/b", 3, 4}}, " open(/a) open(/b:3:4) hook"},
-      {{}, {{"r", "/refused", 0, 0}}, " open(/refused) hook new"},
+      {{}, {}, " show hook new"},
+      {{}, {{"a", "/a", 0, 0}, {"b", "/b", 3, 4}}, " show open(/a) open(/b:3:4) hook"},
+      {{}, {{"r", "/refused", 0, 0}}, " show open(/refused) hook new"},
       {{"/ResetSettings", "/NoSubclassing", "/ResetToolbars"},
        {{"a", "/a", 0, 0}},
-       " defaults+bars delete reset open(/a)",
+       " defaults+bars delete reset show open(/a)",
        false},
   };
   for (const Case& c : cases) {
@@ -84,7 +85,7 @@ TEST(StartUp, WhatIsWrongIsToldAndTheRestGoesOn) {
   frame.Questions.Expect(Missing);
   bool useSubclassing = false;
   LoadFrame(frame, {CommandLine::Task::Edit, {"/resetsettings"}, {{"no.js", "", 0, 0}}}, useSubclassing);
-  EXPECT_EQ(frame.Done, std::string(Loaded) + " hook new");
+  EXPECT_EQ(frame.Done, std::string(Loaded) + " show hook new");
 }
 
 TEST(StartUp, ASecondStartHandsItsFilesOverAndDropsSwitches) {

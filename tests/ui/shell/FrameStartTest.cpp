@@ -1,0 +1,231 @@
+// The real frame from its start to its end, in a program folder and with settings of its own: what is there the next
+// time, what a damaged file does, and what another start hands over.
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QTest>
+#include <atomic>
+#include <thread>
+
+#include "platform/InstanceChannel.h"
+#include "shell/ui/BackWin.h"
+#include "tests/support/ScriptedPrompts.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace {
+
+using platform::PromptAnswer;
+using platform::PromptButtons;
+using platform::PromptIcon;
+using shell::ui::BackWin;
+
+class FrameStart : public testing::Test {
+ protected:
+  FrameStart() {
+    for (const char* name : {"JavaScript", "Python", "HTML"})
+      std::filesystem::copy_file(std::string(QUILLMARK_SOURCE_DIR "/data/templates/") + name + ".def",
+                                 Made("program") + '/' + name + ".def");
+    m_folder.Write("work/a.py", "x = 1\nyy = 2\n");
+    m_folder.Write("work/b.js", "var b;\n");
+    m_folder.Write("work/c.zzz", "c\n");
+  }
+  ~FrameStart() override { std::filesystem::current_path("/"); }
+
+  std::string Made(const std::string& name) {
+    std::filesystem::create_directories(m_folder.Path(name));
+    return m_folder.Path(name);
+  }
+
+  /// Starts the frame as with these arguments, does something in it, and ends it.
+  template <typename Doing>
+  void Run(const std::vector<std::string>& arguments, Doing doing) {
+    BackWin frame(m_prompts, {.ProgramFolder = m_folder.Path("program"),
+                              .StartFolder = m_folder.Path("work"),
+                              .RegistryPath = m_folder.Path("config/registry.reg"),
+                              .InstanceFolder = Made("instance")});
+    frame.Load(shell::ParseCommandLine(arguments, m_folder.Path("work")));
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&frame));
+    doing(frame);
+    frame.close();
+    EXPECT_EQ(frame.WindowCount(), 0U);
+  }
+  void Run(const std::vector<std::string>& arguments = {}) {
+    Run(arguments, [](BackWin&) {});
+  }
+
+  /// A tool made while the program runs is made anew each time; earlier ones are about to go.
+  static QAction* Tool(BackWin& frame, const char* name) {
+    const QList<QAction*> all = frame.findChildren<QAction*>(QString::fromLatin1(name));
+    return all.isEmpty() ? nullptr : all.last();
+  }
+  static std::string Caption(BackWin& frame, const char* tool) {
+    const QAction* action = Tool(frame, tool);
+    return action ? action->text().toStdString() : "none";
+  }
+  static void Trigger(BackWin& frame, const char* tool) {
+    QAction* action = Tool(frame, tool);
+    ASSERT_NE(action, nullptr) << tool;
+    action->trigger();
+  }
+
+  tests::TemporaryFolder m_folder;
+  tests::ScriptedPrompts m_prompts;
+};
+
+TEST_F(FrameStart, AnEmptyHomeGivesABlankDocumentAndEverythingIsKept) {
+  m_folder.Write("program/~Preview.html", "left over");
+  Run({}, [&](BackWin& frame) {
+    EXPECT_TRUE(frame.isMaximized());
+    EXPECT_EQ(frame.WindowCount(), 1U);
+    EXPECT_EQ(frame.ActiveDocument()->Caption(), "Untitled");
+    EXPECT_EQ(std::filesystem::current_path(), m_folder.Path("program"));
+    EXPECT_EQ(Caption(frame, "Template3"), "Python");
+    Trigger(frame, "Template3");
+    EXPECT_EQ(frame.ActiveDocument()->TemplateFile(), m_folder.Path("program/Python.def"));
+    frame.OpenFile(m_folder.Path("work/a.py"));
+    frame.OpenFile(m_folder.Path("work/b.js"));
+    frame.showNormal();
+    frame.resize(640, 480);
+  });
+  EXPECT_EQ(m_folder.Read("program/FileInfo.ini").find("[/"), std::string::npos);
+  EXPECT_FALSE(std::filesystem::exists(m_folder.Path("program/~Preview.html")));
+  EXPECT_TRUE(std::filesystem::exists(m_folder.Path("program/CustomToolbar.ab2")));
+  EXPECT_NE(m_folder.Read("config/registry.reg").find("\"DefNewTemplate\"=\"Python\""), std::string::npos);
+  Run({}, [&](BackWin& frame) {
+    EXPECT_FALSE(frame.isMaximized());
+    EXPECT_EQ(frame.size(), QSize(640, 480));
+    EXPECT_EQ(frame.ActiveDocument()->TemplateFile(), m_folder.Path("program/Python.def"));
+    EXPECT_EQ(Caption(frame, "History2"), "&2 b.js");
+    Trigger(frame, "History1");
+    EXPECT_EQ(frame.ActiveDocument()->CurFileName(), m_folder.Path("work/a.py"));
+  });
+}
+
+TEST_F(FrameStart, AFileRemembersTheTemplateThatTheUserChose) {
+  const platform::MessageBox question{.Text = "Would you like to use this template for all .zzz files?",
+                                      .Buttons = PromptButtons::YesNo,
+                                      .Icon = PromptIcon::Question,
+                                      .Default = PromptAnswer::Yes};
+  m_prompts.ExpectOpenFile("Select Template", m_folder.Path("program/Python.def"));
+  m_prompts.Expect(question, PromptAnswer::No);
+  Run({"c.zzz"});
+  EXPECT_NE(m_folder.Read("program/FileInfo.ini")
+                .find("[" + m_folder.Path("work/c.zzz") +
+                      "]\r\nSynonyms=\r\nTemplate=" + m_folder.Path("program/Python.def") + "\r\n"),
+            std::string::npos);
+  Run({"c.zzz"},
+      [&](BackWin& frame) { EXPECT_EQ(frame.ActiveDocument()->TemplateFile(), m_folder.Path("program/Python.def")); });
+}
+
+TEST_F(FrameStart, TheCommandLineIsFollowed) {
+  m_prompts.Expect({.Text = "'/X' is not a valid command line parameter.  Valid parameters are '/ResetSettings', "
+                            "'/ResetToolbars' and '/NoSubclassing'."});
+  m_prompts.Expect({.Text = "\"none.js\" does not exist.", .Icon = PromptIcon::Exclamation});
+  Run({"none.js", "a.py:2:2", "/NoSubclassing", "b.js", "/X"}, [&](BackWin& frame) {
+    EXPECT_FALSE(frame.Values().UseSubclassing);
+    EXPECT_EQ(frame.WindowCount(), 2U);
+    EXPECT_EQ(frame.ActiveDocument()->Caption(), "b.js");
+    Trigger(frame, "tbWList1");
+    EXPECT_EQ(frame.ActiveDocument()->Caption(), "a.py");
+    EXPECT_EQ(frame.ActiveDocument()->TextArea().SelStart(), 7U);
+  });
+}
+
+TEST_F(FrameStart, GarbageInTheSettingsAndTheLayoutIsToldAndTheFrameComes) {
+  std::string garbage;
+  for (int i = 0; i < 5000; ++i) garbage += static_cast<char>(i * 7919 % 251 + i / 251);
+  m_folder.Write("config/registry.reg", garbage);
+  m_folder.Write("program/CustomToolbar.ab2", garbage);
+  m_folder.Write("program/FileInfo.ini", garbage);
+  // The texts of what is told are the settings' own matter; here everything is answered with its default.
+  class Patient : public tests::ScriptedPrompts {
+   public:
+    PromptAnswer Show(const platform::MessageBox& box) override {
+      Told += box.Text + '\n';
+      return box.Default;
+    }
+    std::string Told;
+  } patient;
+  BackWin frame(patient, {.ProgramFolder = m_folder.Path("program"),
+                          .StartFolder = m_folder.Path("work"),
+                          .RegistryPath = m_folder.Path("config/registry.reg"),
+                          .InstanceFolder = ""});
+  frame.Load({});
+  EXPECT_EQ(frame.WindowCount(), 1U);
+  EXPECT_NE(patient.Told.find("An Error occured when trying to load the layout changes."), std::string::npos);
+  EXPECT_TRUE(frame.close());
+}
+
+TEST_F(FrameStart, ResettingAsksAndNoChangesNothing) {
+  const auto ask = [&](const char* question, PromptAnswer answer) {
+    m_prompts.Expect(
+        {.Text = question, .Buttons = PromptButtons::YesNo, .Icon = PromptIcon::Question, .Default = PromptAnswer::No},
+        answer);
+  };
+  Run({}, [&](BackWin& frame) {
+    frame.Values().Settings.TabWidth = 7;
+    ask("Reset All Settings, are you sure?", PromptAnswer::No);
+    Trigger(frame, "Reset");
+    EXPECT_EQ(frame.Values().Settings.TabWidth, 7);
+    ask("Reset All Toolbars, are you sure?", PromptAnswer::Yes);
+    Trigger(frame, "ResetToolbars");
+    EXPECT_EQ(frame.Values().Settings.TabWidth, 7);
+    EXPECT_EQ(Caption(frame, "Template1"), "HTML");
+    ask("Reset All Settings, are you sure?", PromptAnswer::Yes);
+    Trigger(frame, "Reset");
+    EXPECT_EQ(frame.Values().Settings.TabWidth, 4);
+  });
+}
+
+TEST_F(FrameStart, AnotherStartHandsItsFilesOver) {
+  Run({"a.py"}, [&](BackWin& frame) {
+    bool opened = false, refused = false;
+    std::atomic<bool> done = false;
+    std::thread other([&] {
+      const platform::InstanceChannel channel(m_folder.Path("instance"));
+      using namespace std::chrono_literals;
+      opened = channel.Send("FileOpen:" + m_folder.Path("work/b.js") + ":1:3", 5s) &&
+               channel.Send("FileOpen:" + m_folder.Path("work/a.py") + ":2", 5s) && channel.Send("BringToFront:", 5s);
+      refused = !channel.Send("FileOpen:", 5s);
+      done = true;
+    });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return frame.WindowCount() == 3; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return done.load(); }));
+    other.join();
+    EXPECT_TRUE(opened);
+    EXPECT_TRUE(refused);
+    EXPECT_EQ(frame.ActiveDocument()->TextArea().SelStart(), 6U);
+    Trigger(frame, "tbWList2");
+    EXPECT_EQ(frame.ActiveDocument()->TextArea().SelStart(), 2U);
+  });
+  EXPECT_FALSE(std::filesystem::exists(m_folder.Path("instance/socket")));
+}
+
+TEST_F(FrameStart, TabsAndWindowMenuFollowTheWindows) {
+  Run({"a.py", "b.js"}, [&](BackWin& frame) {
+    QTest::keyClicks(frame.ActiveDocument()->TextArea().viewport(), QStringLiteral("x"));
+    EXPECT_EQ(Caption(frame, "tbWList2"), "b.js *");
+    auto* menu = frame.findChild<QMenu*>(QStringLiteral("mnuWindow"));
+    ASSERT_NE(menu, nullptr);
+    menu->popup(QPoint(0, 0));
+    EXPECT_EQ(Caption(frame, "miWList2"), "&2 b.js");
+    menu->hide();
+    Trigger(frame, "miWList1");
+    EXPECT_EQ(frame.ActiveDocument()->Caption(), "a.py");
+    m_prompts.Expect({.Text = "Save changes to b.js before closing?",
+                      .Buttons = PromptButtons::YesNoCancel,
+                      .Icon = PromptIcon::Question,
+                      .Default = PromptAnswer::Cancel},
+                     PromptAnswer::No);
+    QTest::keyClick(&frame, Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(frame.ActiveDocument()->Caption(), "b.js");
+    QTest::keyClick(&frame, Qt::Key_W, Qt::ControlModifier);
+    EXPECT_EQ(frame.WindowCount(), 1U);
+    EXPECT_EQ(Caption(frame, "tbWList1"), "a.py");
+  });
+}
+
+}  // namespace

@@ -38,6 +38,8 @@ class Mainwin : public QWidget, public shell::ChildWindow, public DocumentWindow
   bool Saved() const override { return m_document->State().Saved; }
   std::string CurFileName() const override { return m_document->State().CurFileName; }
 
+  /// For what belongs to the document and stands beside it, such as its pop-ups.
+  editor::Document& Core() { return *m_document; }
   /// The text control.
   platform::qt::RichTextBox& TextArea() { return *m_textArea; }
   /// Whether the window is closing or closed and only waits to be deleted.

@@ -61,6 +61,7 @@ editor::ui::Mainwin* BackWin::AddDocument() {
   QMdiSubWindow* window = m_windows->addSubWindow(document);
   window->setWindowIcon(windowIcon());
   window->resize(720, 480);
+  m_popups.Serve(*document);
   if (state & Qt::WindowMinimized)
     window->showMinimized();
   else

@@ -5,6 +5,7 @@
 #include <memory>
 #include <vector>
 
+#include "aids/ui/SharedPopups.h"
 #include "editor/DocumentFrame.h"
 #include "editor/ui/Mainwin.h"
 #include "platform/qt/QtEventLoop.h"
@@ -78,6 +79,7 @@ class BackWin : public QMainWindow, private editor::DocumentFrame {
   QMdiArea* m_windows;
   platform::qt::StatusBar* m_status;
   Tools m_tools;
+  aids::ui::SharedPopups m_popups{*this};
 };
 
 }  // namespace shell::ui

@@ -48,6 +48,11 @@ class Document : public platform::TextControlEvents {
   /// Writes the text; "" asks for a name. False when nothing was written: the user cancelled, or was told why not.
   bool SaveFile(const std::string& path);
 
+  /// The program wrote into the text what the user chose: it has unsaved changes.
+  void TextEdited() {
+    if (m_state.Saved) SetSaved(false);
+  }
+
   /// Takes a template into use: a path, "" to ask the user, templates::NoTemplate for none. Unless `noInitialText`, the
   /// template's initial text goes into an empty document.
   void SetTemplate(const std::string& fileName, bool noInitialText = false);

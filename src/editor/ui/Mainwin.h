@@ -42,6 +42,8 @@ class Mainwin : public QWidget, public shell::ChildWindow, public DocumentWindow
   const std::string& TemplateFile() const { return m_document->State().Template.TemplateFile; }
   bool TemplateChosen() const { return m_document->State().Template.TemplateChosen; }
 
+  /// For what belongs to the document and stands beside it, such as its pop-ups.
+  editor::Document& Core() { return *m_document; }
   /// The text control.
   platform::qt::RichTextBox& TextArea() { return *m_textArea; }
   /// Whether the window is closing or closed and only waits to be deleted.

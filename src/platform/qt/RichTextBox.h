@@ -73,6 +73,8 @@ class RichTextBox final : public QsciScintillaBase, public TextControl {
   /// Puts the clipboard's text in place of the selection, its line ends in the document's kind.
   void Paste();
   void SelectAll();
+  /// The font that the text is shown in, without zoom.
+  QFont ShownFont() const;
   /// Where the caret is drawn.
   QRect CaretRectangle() const;
   /// Where the character at `offset` begins, with the height of its line and no width.

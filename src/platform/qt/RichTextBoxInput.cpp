@@ -115,7 +115,10 @@ void RichTextBox::inputMethodEvent(QInputMethodEvent* event) {
   event->accept();
   ReplaceSurrounding(*event);
   SetPreedit(*event);
+  if (event->commitString().isEmpty()) return;
   Type(event->commitString().toStdU32String());
+  // The keys behind it are the input method's, and nobody may see them go up.
+  if (m_events != nullptr && m_enabled) m_events->KeyUp(0, Shift::None);
 }
 
 /// Some input methods correct what they gave before: the commit then takes the place of text near the caret, told in

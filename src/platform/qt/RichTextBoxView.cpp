@@ -138,6 +138,10 @@ void RichTextBox::SetRedraw(bool redraw) {
   if (redraw) Refresh();
 }
 
+QFont RichTextBox::ShownFont() const {
+  return FontOf(m_font);
+}
+
 // What has changed is due for painting already, except what came up while painting was off.
 void RichTextBox::Refresh() {
   if (!m_redraw || !m_missedPaint) return;

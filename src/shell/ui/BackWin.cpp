@@ -85,7 +85,7 @@ std::unique_ptr<FrameLifetime> BackWin::MakeLifetime(const FramePlaces& places) 
       FrameLifetime::Actions{.OpenFile = [this](const FileArgument& file) { OpenFile(file); },
                              .NewDocument = [this] { NewDocument(); },
                              .HasWindows = [this] { return WindowCount() > 0; },
-                             .WatchActivation = [](bool) {}});
+                             .WatchActivation = [this](bool watch) { m_popups.WatchActivation(watch); }});
 }
 
 void BackWin::Load(const CommandLine& commandLine) {
@@ -178,6 +178,7 @@ editor::ui::Mainwin* BackWin::AddDocument() {
   auto* document = new editor::ui::Mainwin(*this);
   connect(document, &editor::ui::Mainwin::Closing, this, [this, document] { WindowCloses(*document); });
   m_windows->Add(document);
+  m_popups.Serve(*document);
   return document;
 }
 

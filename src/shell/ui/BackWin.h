@@ -6,6 +6,7 @@
 #include <QMainWindow>
 #include <memory>
 
+#include "aids/ui/SharedPopups.h"
 #include "editor/DocumentFrame.h"
 #include "editor/ui/Mainwin.h"
 #include "platform/qt/ActiveBar.h"
@@ -146,6 +147,7 @@ class BackWin : public QMainWindow, private editor::DocumentFrame {
   platform::qt::ActiveBar m_bar;
   FrameMenus m_menus;
   settings::ToolbarLayout m_layout;
+  aids::ui::SharedPopups m_popups{*this};
   std::unique_ptr<FrameLifetime> m_lifetime;
   std::unique_ptr<HandOverListener> m_listener;
   bool m_loaded = false;

@@ -1,0 +1,198 @@
+// The two windows themselves: where they stand, what the mouse does, when they hide.
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QScreen>
+#include <QScrollBar>
+#include <QTest>
+#include <random>
+
+#include "aids/ui/WidestText.h"
+#include "tests/ui/aids/PopupFixture.h"
+
+namespace tests {
+namespace {
+
+class PopupWindows : public PopupFixture {
+ protected:
+  void OpenList(const std::string& before = "") {
+    Open("a.js", before);
+    Type(QStringLiteral("document."));
+  }
+  QRect CaretOnScreen() {
+    const QRect caret = Text().CaretRectangle();
+    return {Text().viewport()->mapToGlobal(caret.topLeft()), caret.size()};
+  }
+  QPoint RowCentre(int row) { return CList().visualRect(CList().model()->index(row - 1, 0)).center(); }
+};
+
+TEST_F(PopupWindows, TheListsWordsStandUnderTheCaret) {
+  OpenList();
+  ASSERT_TRUE(List().isVisible());
+  const QRect caret = CaretOnScreen();
+  EXPECT_EQ(List().y(), caret.bottom() + 1);
+  EXPECT_EQ(List().x(), caret.x() - 17 - 4);
+  EXPECT_EQ(List().height(), 150);
+  EXPECT_EQ(CList().visualRect(CList().model()->index(0, 0)).height(), CList().fontMetrics().height() + 4);
+  EXPECT_EQ(List().font().pointSizeF(), Text().ShownFont().pointSizeF());
+  EXPECT_EQ(List().font().family(), Text().ShownFont().family());
+  EXPECT_EQ(CList().model()->rowCount(), 79);
+  EXPECT_EQ(QApplication::focusWidget(), &Text()) << "the text keeps the keyboard";
+  EXPECT_TRUE(m_frame.isActiveWindow());
+  Type(QStringLiteral("cre"));
+  EXPECT_EQ(CList().indexAt(QPoint(5, 5)).data().toString(), QStringLiteral("createAttribute")) << "the top row";
+  Type(QStringLiteral("<BS><BS><BS>wr"));
+  EXPECT_EQ(Selected(), "write") << "as near to the top as the list allows";
+  EXPECT_TRUE(CList().viewport()->rect().contains(CList().visualRect(CList().currentIndex())));
+}
+
+TEST_F(PopupWindows, TheTipBeginsUnderItsWord) {
+  Open("a.js", "var longer = ");
+  const int word = Text().viewport()->mapToGlobal(Text().CaretRectangle().topLeft()).x();
+  Type(QStringLiteral("setTimeout("));
+  ASSERT_TRUE(Tip().isVisible());
+  EXPECT_EQ(Tip().x(), word - 1);
+  EXPECT_EQ(Tip().y(), CaretOnScreen().bottom() + 1);
+  const auto* label = Tip().findChild<QLabel*>(QStringLiteral("tipText"));
+  EXPECT_TRUE(label->text().startsWith(QStringLiteral("setTimeout("))) << label->text().toStdString();
+  EXPECT_EQ(Tip().size(), label->size() + QSize(10, 5));
+  const QRect line4 = Tip().findChild<QWidget*>(QStringLiteral("Line4"))->geometry();
+  EXPECT_EQ(line4, QRect(0, Tip().height() - 1, Tip().width(), 1));
+}
+
+TEST_F(PopupWindows, AtTheEdgesOfTheScreenTheyStayVisible) {
+  const QRect screen = m_frame.screen()->availableGeometry();
+  m_frame.resize(500, 300);
+  m_frame.move(screen.right() - 300, screen.bottom() - 200);
+  Open("a.js", std::string(8, '\n') + std::string(30, ' '));
+  for (const char* keys : {"setTimeout(", "document."}) {
+    Type(QString::fromLatin1(keys));
+    const QWidget& popup = *keys == 's' ? static_cast<QWidget&>(Tip()) : List();
+    ASSERT_TRUE(popup.isVisible());
+    EXPECT_TRUE(screen.contains(popup.geometry())) << keys;
+    EXPECT_FALSE(popup.geometry().intersects(CaretOnScreen())) << keys;
+  }
+  const QPoint before = List().pos() - CaretOnScreen().topLeft();
+  m_frame.move(screen.left() + 50, screen.bottom() - 250);
+  EXPECT_EQ((List().pos() - CaretOnScreen().topLeft()).y(), before.y()) << "it follows the frame";
+}
+
+TEST_F(PopupWindows, FarDownInAWrappedTextTheyStandAsAnywhere) {
+  std::string text;
+  for (int i = 0; i < 3000; ++i) text += "a line of some words that is long enough to be wrapped in a narrow window\n";
+  Open("a.js", text + "wrapped by the many words before it so that it lies in the second or third line of the window ");
+  m_frame.resize(400, 500);
+  m_frame.ActiveDocument()->WordWrap(true);
+  EXPECT_TRUE(QTest::qWaitFor([&] {  // lines are wrapped by and by
+    Text().SetSelStart(Text().Length());
+    return Text().VerticalScroll() > 5000 && Text().viewport()->rect().contains(Text().CaretRectangle());
+  }));
+  Type(QStringLiteral("setTimeout("));
+  ASSERT_TRUE(Tip().isVisible());
+  EXPECT_EQ(Tip().y(), CaretOnScreen().bottom() + 1);
+  Type(QStringLiteral("document."));
+  ASSERT_TRUE(List().isVisible());
+  EXPECT_EQ(List().y(), CaretOnScreen().bottom() + 1);
+  Type(QStringLiteral("bo;"));
+  EXPECT_TRUE(Text().TextRange(text.size(), Text().Length()).ends_with(" setTimeout(document.body;"));
+}
+
+TEST_F(PopupWindows, TheMouseChooses) {
+  OpenList();
+  QTest::mouseClick(CList().viewport(), Qt::LeftButton, {}, RowCentre(3));
+  EXPECT_EQ(Selected(), "adoptNode");
+  EXPECT_EQ(QApplication::focusWidget(), &Text());
+  QTest::mouseClick(CList().viewport(), Qt::LeftButton, {}, RowCentre(2));
+  QTest::mouseDClick(CList().viewport(), Qt::LeftButton, {}, RowCentre(2));
+  EXPECT_EQ(Text().Text(), "document.addEventListener");
+  EXPECT_FALSE(List().isVisible());
+  Type(QStringLiteral(" document."));
+  EXPECT_TRUE(List().isVisible());
+  QTest::mouseClick(Text().viewport(), Qt::LeftButton, {}, QPoint(6, 6));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !List().isVisible(); })) << "the click took the caret away from it";
+}
+
+TEST_F(PopupWindows, TheyHideWhileAnotherWindowIsActive) {
+  OpenList("setTimeout(");
+  const auto activate = [](QWidget& window) {
+    window.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+  };
+  QWidget other;
+  other.show();
+  activate(other);
+  EXPECT_FALSE(List().isVisible());
+  EXPECT_NE(List().OwnerWin(), nullptr) << "it is still there";
+  activate(m_frame);
+  EXPECT_TRUE(List().isVisible());
+  Type(QStringLiteral("bo<Tab>"));
+  EXPECT_EQ(Text().Text(), "setTimeout(document.body");
+}
+
+TEST_F(PopupWindows, OneListForAllDocuments) {
+  OpenList();
+  Open("b.js", "");
+  EXPECT_FALSE(List().isVisible()) << "another document has the keyboard";
+  Type(QStringLiteral("document."));
+  EXPECT_TRUE(List().isVisible());
+  EXPECT_EQ(m_frame.findChildren<aids::ui::ContextList*>().size(), 1);
+  m_prompts.Expect({.Text = "Save changes to b.js before closing?",
+                    .Buttons = platform::PromptButtons::YesNoCancel,
+                    .Icon = platform::PromptIcon::Question,
+                    .Default = platform::PromptAnswer::Cancel},
+                   platform::PromptAnswer::Cancel);
+  m_frame.ActiveDocument()->parentWidget()->close();
+  EXPECT_FALSE(List().isVisible());
+}
+
+class LongList : public PopupWindows {
+ protected:
+  static constexpr int Rows = 32767;
+};
+
+TEST_F(LongList, OpensNarrowsAndScrolls) {
+  std::string block = "D: .\r\nW: \"big\" 1\r\n2 \".\" " + std::to_string(Rows) + "\r\n\"\"\r\n";
+  for (int i = 0; i < Rows; ++i) block += "entry" + std::to_string(100000 + i) + ' ' + std::to_string(i % 8) + "\r\n";
+  Open("a.js", "");
+  m_frame.ActiveDocument()->SetTemplate(m_folder.Write("Big.def", "N: Big\r\n" + block));
+  Type(QStringLiteral("big"));
+  Press(QStringLiteral("."));
+  QElapsedTimer clock;
+  clock.start();
+  Release(QStringLiteral("."));
+  CList().viewport()->repaint();
+  RecordProperty("open_ms", static_cast<int>(clock.elapsed()));
+  ASSERT_TRUE(List().isVisible());
+  EXPECT_EQ(CList().model()->rowCount(), Rows);
+  Type(QStringLiteral("entry132766"));
+  EXPECT_EQ(Selected(), "entry132766");
+  EXPECT_TRUE(CList().viewport()->rect().contains(CList().visualRect(CList().currentIndex())));
+  Type(QStringLiteral("<Down>"));
+  EXPECT_EQ(Selected(), "entry132766");
+  Type(QStringLiteral("<PageUp>"));
+  EXPECT_LT(Selected(), "entry132766");
+  CList().verticalScrollBar()->setValue(16000);
+  EXPECT_EQ(CList().indexAt(QPoint(5, 5)).row(), 16000);
+}
+
+/// The widest text is found without measuring all of them.
+TEST_F(LongList, TheWidestTextIsFound) {
+  std::mt19937 dice(7);
+  for (const char* family : {"DejaVu Sans", "Liberation Mono", "Liberation Serif"}) {
+    const QFontMetricsF metrics(QFont(QString::fromLatin1(family), 11));
+    std::vector<std::string> texts;
+    for (int i = 0; i < 500; ++i) {
+      std::string text;
+      for (unsigned length = dice() % 24; length > 0; --length) text += static_cast<char>(33 + dice() % 94);
+      texts.push_back(dice() % 9 == 0 ? text + "\xE4\xBD\xA0\xC3\xA9" : text);
+    }
+    qreal widest = 0;
+    for (const std::string& text : texts)
+      widest = std::max(widest, metrics.horizontalAdvance(QString::fromStdString(text)));
+    EXPECT_NEAR(aids::ui::WidestText(metrics, texts), widest, 1.0) << family;
+  }
+}
+
+}  // namespace
+}  // namespace tests

@@ -62,9 +62,7 @@ void LineEditing::UncolourLine(std::size_t line) {
   const std::size_t space = language == std::string::npos ? language : rtf.find(' ', language);
   if (space == std::string::npos) return;
   const std::size_t body = space + 1;
-  const std::size_t left = rtfscan::ClearLn({rtf.data() + body, rtf.size() - body});
-  if (body + left == rtf.size()) return;  // it had no colours
-  rtf.resize(body + left);
+  rtf.resize(body + rtfscan::ClearLn({rtf.data() + body, rtf.size() - body}));
   const ProgramChange change(m_state);
   m_control.SetLinesRTF(line, line, rtf);
 }

@@ -255,8 +255,12 @@ void RichTextBox::Select(std::size_t anchor, std::size_t caret) {
   Operate([&] { Send(SCI_SETSEL, Clamp(anchor), Clamp(caret)); });
 }
 
+// From here on Up and Down go for the column of this place.
 void RichTextBox::SetSelStart(std::size_t start) {
-  Select(start, start);
+  Operate([&] {
+    Select(start, start);
+    Send(SCI_CHOOSECARETX);
+  });
 }
 
 void RichTextBox::SetSelLength(std::size_t length) {

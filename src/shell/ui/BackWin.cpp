@@ -133,7 +133,7 @@ std::string BackWin::AskTemplate() {
   return m_prompts.AskOpenFile({.Title = "Select Template",
                                 .Filters = FiltersFor(TemplateFileType, "def"),
                                 .Folder = m_programFolder,
-                                .SuggestedName = suggested});
+                                .SuggestedName = ""});
 }
 
 std::string BackWin::GetTemplateOf(std::string_view extension) const {
@@ -195,7 +195,7 @@ void BackWin::OpenByDialog() {
   const std::string path = m_prompts.AskOpenFile({.Title = "Open Script",
                                                   .Filters = TemplateFilters(m_templateList, m_associations),
                                                   .Folder = document ? platform::FolderOf(document->CurFileName()) : "",
-                                                  .SuggestedName = suggested});
+                                                  .SuggestedName = ""});
   if (!path.empty()) OpenFile(path);
 }
 

@@ -1,0 +1,166 @@
+// What the dialogs of the settings decide.
+
+#include <gtest/gtest.h>
+
+#include "settings/AssociationsModel.h"
+#include "settings/FontSetModel.h"
+#include "settings/OptionsModel.h"
+#include "tests/support/ScriptedPrompts.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace {
+
+using namespace settings;
+
+class OptionsModelTest : public testing::Test {
+ protected:
+  Settings Values;
+  std::vector<templates::Template> List = {{"A", "a", "/a.def"}, {"A", "b", "/b.def"}, {"C", "c", "/c.def"}};
+  std::vector<templates::Template> Extra = {{"E", "e", "/e.def"}};
+  tests::ScriptedPrompts Prompts;
+  OptionsModel Model{Values, List, Extra, Prompts};
+};
+
+TEST_F(OptionsModelTest, ChangingNothingChangesNothing) {
+  for (const bool useColours : {false, true})
+    for (const bool reduced : {false, true}) {
+      Values.UseColours = useColours;
+      Values.ReducedColours = reduced;
+      Values.AutoIndent = Values.AskUnknownTemplates = useColours;
+      Values.NewLineForEnter = reduced;
+      Values.TabWidth = -3;
+      EXPECT_TRUE(Model.Accept(Model.Load()));
+      EXPECT_EQ(Values.UseColours, useColours);
+      EXPECT_EQ(Values.ReducedColours, reduced);
+      EXPECT_EQ(Values.AutoIndent && Values.AskUnknownTemplates, useColours);
+      EXPECT_EQ(Values.NewLineForEnter, reduced);
+      EXPECT_EQ(Values.TabWidth, -3);
+      EXPECT_EQ(Values.DefOpenTemplate, "*none*");
+    }
+}
+
+TEST_F(OptionsModelTest, TheDefaultTemplateIsAFile) {
+  const tests::TemporaryFolder folder;
+  const std::string file = folder.Write("x.def", "");
+  EXPECT_EQ(Model.TemplateEntries(), (std::vector<std::string>{"<none>", "A", "A", "C", "/e.def"}));
+  struct Case {
+    std::optional<std::size_t> Entry;
+    std::string Text, Stored;
+  };
+  for (const Case& c :
+       {Case{2, "A", "/b.def"}, Case{3, "C", "/c.def"}, Case{4, "/e.def", "/e.def"}, Case{{}, file, file},
+        Case{{}, "", "*none*"}, Case{1, "A", "/a.def"}, Case{0, "<none>", "*none*"}}) {
+    OptionsForm form = Model.Load();
+    form.Entry = c.Entry;
+    form.TemplateText = c.Text;
+    EXPECT_TRUE(Model.Accept(form));
+    EXPECT_EQ(Values.DefOpenTemplate, c.Stored);
+  }
+  // What does not exist keeps the dialog open, and every setting as it was.
+  OptionsForm form = Model.Load();
+  form.Entry.reset();
+  form.TemplateText = "C";
+  form.Ask = form.AutoIndent = false;
+  Prompts.Expect({.Text = "C does not exist", .Icon = platform::PromptIcon::Critical});
+  EXPECT_FALSE(Model.Accept(form));
+  EXPECT_TRUE(Values.AskUnknownTemplates && Values.AutoIndent);
+  Prompts.ExpectOpenFile("Select Template", file);
+  EXPECT_EQ(Model.Browse("/program"), file);
+}
+
+TEST_F(OptionsModelTest, WhatIsNoNumberAndNoChoiceIsToldAndTheRestApplies) {
+  OptionsForm form = Model.Load();
+  form.TabWidth = "eight";
+  form.Highlight.reset();
+  form.CompleteOnly = true;
+  Values.UseColours = false;
+  Prompts.Expect({.Text = "Tab Width was not changed (not a numeric value)"});
+  Prompts.Expect({.Text = "Hmm... that's strange, one of those Syntax Highlighting options should be selected.  Using "
+                          "Full Highlighting.",
+                  .Title = "Quillmark Options",
+                  .Icon = platform::PromptIcon::Exclamation});
+  EXPECT_TRUE(Model.Accept(form));
+  EXPECT_EQ(Values.TabWidth, 4);
+  EXPECT_TRUE(Values.UseColours && !Values.ReducedColours && !Values.NewLineForEnter);
+  for (const auto& [text, number] :
+       std::initializer_list<std::pair<const char*, std::optional<int>>>{{"8", 8},
+                                                                         {" +8 ", 8},
+                                                                         {"-2", -2},
+                                                                         {"2.5", 2},
+                                                                         {"3.5", 4},
+                                                                         {"1e2", 100},
+                                                                         {".6", 1},
+                                                                         {"7.", 7},
+                                                                         {"", {}},
+                                                                         {"8x", {}},
+                                                                         {"0x8", {}},
+                                                                         {"inf", {}},
+                                                                         {"1e", {}},
+                                                                         {"+-1", {}},
+                                                                         {"3e9", {}},
+                                                                         {"2147483647", 2147483647}})
+    EXPECT_EQ(ParseNumeric(text), number) << text;
+}
+
+TEST(FontSetModel, NothingIsStoredUntilItIsAccepted) {
+  Settings values;
+  values.FixedFont.Size = 9;
+  values.DosFontCharset = 7;
+  tests::ScriptedPrompts prompts;
+  FontSetModel model(values);
+  EXPECT_EQ(model.DefaultType, 1U);
+  platform::FontRecord bold = values.FixedFont;
+  bold.Size = 12;
+  bold.Bold = true;
+  prompts.ExpectFont(values.FixedFont, bold);
+  EXPECT_TRUE(model.ChooseFont(FontSetModel::Fixed, prompts));
+  prompts.ExpectFont(bold, std::nullopt);
+  EXPECT_FALSE(model.ChooseFont(FontSetModel::Fixed, prompts));
+  model.DefaultType = FontSetModel::Dos;
+  model.Override = true;
+  EXPECT_EQ(values.FixedFont.Size, 9);
+  model.Accept();
+  EXPECT_EQ(values.FixedFont, bold);
+  EXPECT_EQ(values.DefaultFontType, 2);
+  EXPECT_TRUE(values.OverrideTemplateFonts);
+  EXPECT_EQ(values.ProportionalFont, Settings().ProportionalFont);
+  model.Reset();
+  EXPECT_EQ(values.FixedFont, bold);
+  model.Accept();
+  EXPECT_EQ(values.FixedFont, Settings().FixedFont);
+  EXPECT_EQ(values.DosFontCharset, 7);
+  values.DefaultFontType = 200;
+  EXPECT_EQ(FontSetModel(values).DefaultType, std::nullopt);
+}
+
+TEST(AssociationsModel, TheListIsTakenOverWhole) {
+  std::vector<templates::Template> associations = {{"", "txt", "/t.def"}, {"", "log", "/l.def"}};
+  AssociationsModel model(associations);
+  model.SetExtension("ignored");
+  EXPECT_EQ(model.Edited(), nullptr);
+  model.New();
+  EXPECT_EQ(model.Edited(), nullptr);
+  model.Select(0);
+  model.SetExtension("TXT");
+  model.SetTemplate("/other.def");
+  model.Select(1);
+  model.Delete();
+  EXPECT_EQ(model.Edited()->Extension, "new");
+  EXPECT_EQ(associations[1].Extension, "log");
+  model.Accept();
+  ASSERT_EQ(associations.size(), 2U);
+  EXPECT_EQ(associations[0].Extension + associations[0].FileName, "TXT/other.def");
+  EXPECT_EQ(associations[1].FileName, "(click to select, then edit below)");
+  model.Delete();
+  EXPECT_EQ(model.Selected(), 0U);
+  model.Delete();
+  model.Delete();
+  EXPECT_EQ(model.Edited(), nullptr);
+  model.Accept();
+  EXPECT_TRUE(associations.empty());
+  EXPECT_EQ(AssociationsModel::ExtensionColumnWidth(45), 58);  // under 690 twips: 870 twips
+  EXPECT_EQ(AssociationsModel::ExtensionColumnWidth(50), 62);
+  EXPECT_EQ(AssociationsModel::TemplateColumnWidth(10), 22);
+}
+
+}  // namespace

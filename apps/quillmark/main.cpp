@@ -19,6 +19,7 @@ int main(int argc, char** argv) {
   platform::qt::QtPrompts prompts;
   shell::ui::BackWin frame(prompts, platform::FindProgramFolder(platform::ProgramPlaces::FromProcess(), true));
   frame.show();
+  frame.ProtectUnsavedText(editor::RecoveryStore::DefaultFolder());
   const QStringList arguments = QApplication::arguments();
   for (const QString& path : arguments.mid(1))
     frame.OpenFile(std::filesystem::absolute(path.toStdString()).lexically_normal().string());

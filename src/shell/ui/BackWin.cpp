@@ -8,6 +8,7 @@
 #include <QMimeData>
 #include <QTimer>
 
+#include "editor/RecoveryOffer.h"
 #include "platform/FileParsing.h"
 #include "platform/Files.h"
 #include "shell/FileFilters.h"
@@ -88,6 +89,13 @@ void BackWin::NewDocument() {
   AddDocument()->SetTemplate(m_defNewTemplate.FileName.empty() ? templates::NoTemplate : m_defNewTemplate.FileName);
 }
 
+void BackWin::ProtectUnsavedText(const std::string& folder) {
+  if (folder.empty()) return;
+  m_unsavedTexts = std::make_unique<editor::RecoveryStore>(folder);
+  editor::OfferRecovery(*m_unsavedTexts, m_prompts,
+                        [this](const editor::JournalContent& content) { return AddDocument()->Restore(content); });
+}
+
 editor::ui::Mainwin* BackWin::ActiveDocument() const {
   return DocumentIn(m_windows->currentSubWindow());
 }
@@ -133,7 +141,7 @@ std::string BackWin::AskTemplate() {
   return m_prompts.AskOpenFile({.Title = "Select Template",
                                 .Filters = FiltersFor(TemplateFileType, "def"),
                                 .Folder = m_programFolder,
-                                .SuggestedName = suggested});
+                                .SuggestedName = ""});
 }
 
 std::string BackWin::GetTemplateOf(std::string_view extension) const {
@@ -195,7 +203,7 @@ void BackWin::OpenByDialog() {
   const std::string path = m_prompts.AskOpenFile({.Title = "Open Script",
                                                   .Filters = TemplateFilters(m_templateList, m_associations),
                                                   .Folder = document ? platform::FolderOf(document->CurFileName()) : "",
-                                                  .SuggestedName = suggested});
+                                                  .SuggestedName = ""});
   if (!path.empty()) OpenFile(path);
 }
 

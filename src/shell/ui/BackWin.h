@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "editor/DocumentFrame.h"
+#include "editor/RecoveryStore.h"
 #include "editor/ui/Mainwin.h"
 #include "platform/qt/QtEventLoop.h"
 #include "platform/qt/QtTimer.h"
@@ -29,6 +30,10 @@ class BackWin : public QMainWindow, private editor::DocumentFrame {
   /// Opens an existing file in a new document window, with the template for its extension.
   void OpenFile(const std::string& path) override;
 
+  /// Keeps unsaved text safe from a crash in this folder ("" for not at all), and offers what an earlier run left
+  /// there. Must come before the first document.
+  void ProtectUnsavedText(const std::string& folder);
+
   /// A blank document with the new-document template.
   void NewDocument();
 
@@ -49,6 +54,7 @@ class BackWin : public QMainWindow, private editor::DocumentFrame {
   platform::Prompts& Prompts() override { return m_prompts; }
   platform::EventLoop& Loop() override { return m_loop; }
   const settings::Settings& Settings() const override { return m_settings; }
+  editor::RecoveryStore* UnsavedTexts() override { return m_unsavedTexts.get(); }
   std::unique_ptr<platform::Timer> MakeTimer() override { return std::make_unique<platform::qt::QtTimer>(); }
   std::string GetSaveFile(std::string_view title, std::string_view extName, std::string_view ext,
                           const std::string& suggested) override;
@@ -75,6 +81,7 @@ class BackWin : public QMainWindow, private editor::DocumentFrame {
   std::vector<templates::Template> m_associations;
   templates::Template m_defNewTemplate;
   platform::qt::QtEventLoop m_loop;
+  std::unique_ptr<editor::RecoveryStore> m_unsavedTexts;
   QMdiArea* m_windows;
   platform::qt::StatusBar* m_status;
   Tools m_tools;

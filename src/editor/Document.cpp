@@ -347,7 +347,7 @@ void Document::KeyUp(int keyCode, int shift) {
 }
 
 void Document::Change(const platform::TextChange& change) {
-  m_recovery.Changed(change, m_state.DontChange);
+  m_recovery.Changed(change, m_state.Mode == UndoMode::Program);
   m_undo.RecordChange(change);
   // Even what a pop-up writes for the user has to be saved; only what the program rewrites has not.
   if (m_state.Saved && m_state.Mode != UndoMode::Program) SetSaved(false);

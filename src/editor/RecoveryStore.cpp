@@ -115,8 +115,8 @@ std::string RecoveryStore::NewName() {
   std::array<unsigned char, 6> random{};
   [[maybe_unused]] const ssize_t ignored = ::getrandom(random.data(), random.size(), 0);
   std::array<char, 32> name{};
-  std::snprintf(name.data(), name.size(), "%011llx-%02x%02x%02x%02x%02x%02x",
-                static_cast<unsigned long long>(std::chrono::duration_cast<std::chrono::milliseconds>(
+  std::snprintf(name.data(), name.size(), "%016llx-%02x%02x%02x%02x%02x%02x",
+                static_cast<unsigned long long>(std::chrono::duration_cast<std::chrono::nanoseconds>(
                                                     std::chrono::system_clock::now().time_since_epoch())
                                                     .count()),
                 random[0], random[1], random[2], random[3], random[4], random[5]);

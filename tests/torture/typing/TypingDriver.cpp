@@ -2,8 +2,8 @@
 //
 //   type STATE FILE SEED PAUSE LOG   opens FILE ("-" for a new document), says "ready" and types until killed, a key
 //   each
-//                                    PAUSE milliseconds. LOG gets "MILLISECONDS LENGTH HASH" after each key: when it
-//                                    was pressed, and the text after it
+//                                    PAUSE milliseconds. LOG gets "MILLISECONDS pressed" and "MILLISECONDS done" for
+//                                    each key, between them "MILLISECONDS LENGTH HASH" for each text that it makes
 //   restore STATE                    starts again and restores everything; "asked TEXT" for each question, then
 //                                    "restored PATH SAVED CARET LENGTH HASH" for each window, "-" for no path
 //   cost STATE FILE KEYS             types KEYS keys in the middle of FILE; "MEDIAN P95 LONGEST", microseconds from the
@@ -39,6 +39,8 @@ class YesToAll : public platform::Prompts {
   }
   std::string AskOpenFile(const platform::FileQuestion&) override { return ""; }
   std::string AskSaveFile(const platform::FileQuestion&) override { return ""; }
+  std::optional<platform::FontRecord> AskFont(const platform::FontRecord&) override { return {}; }
+  std::optional<rich_text::ColourValue> AskColour(rich_text::ColourValue) override { return {}; }
 };
 
 std::string Fingerprint(const std::string& text) {
@@ -74,12 +76,23 @@ int Type(shell::ui::BackWin& frame, char** arguments) {
   laws::Dice dice(std::stoull(arguments[2]));
   const int pause = std::stoi(arguments[3]);
   const int log = ::open(arguments[4], O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
+  long long pressed = 0;
+  const auto write = [&](const std::string& what) {
+    const std::string line = std::to_string(pressed) + ' ' + what + '\n';
+    if (::write(log, line.data(), line.size()) < 0) std::cout << "no log" << std::endl;
+  };
+  // A key may change the text more than once, and the program may be killed in between: this tells of the text before
+  // each of its changes.
+  QObject::connect(
+      &box, qOverload<int, int, const char*, int, int, int, int, int, int, int>(&QsciScintillaBase::SCN_MODIFIED),
+      [&] { write(Fingerprint(box.Text())); });
   std::cout << "ready" << std::endl;
   while (true) {
-    const long long pressed = Milliseconds();
+    pressed = Milliseconds();
+    write("pressed");
     PressOne(box.viewport(), dice);
-    const std::string line = std::to_string(pressed) + ' ' + Fingerprint(box.Text()) + '\n';
-    if (::write(log, line.data(), line.size()) < 0) return 1;
+    write(Fingerprint(box.Text()));
+    write("done");
     QTest::qWait(1 + static_cast<int>(dice.Below(2 * static_cast<std::size_t>(pause))));
   }
 }

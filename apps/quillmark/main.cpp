@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <iostream>
 
+#include "editor/RecoveryStore.h"
 #include "platform/InstanceChannel.h"
 #include "platform/ProgramFolder.h"
 #include "platform/qt/QtPrompts.h"
@@ -46,7 +47,8 @@ int main(int argc, char** argv) {
                            {.ProgramFolder = platform::FindProgramFolder(platform::ProgramPlaces::FromProcess(), true),
                             .StartFolder = startFolder,
                             .RegistryPath = settings::UserRegistryPath(),
-                            .InstanceFolder = channel.Folder()});
+                            .InstanceFolder = channel.Folder(),
+                            .RecoveryFolder = editor::RecoveryStore::DefaultFolder()});
   QObject::connect(&frame, &shell::ui::BackWin::Unloaded, &application, &QApplication::quit, Qt::QueuedConnection);
   frame.Load(commandLine);
   return QApplication::exec();

@@ -3,6 +3,7 @@
 #include "editor/StatusTexts.h"
 #include "platform/FileParsing.h"
 #include "platform/Files.h"
+#include "platform/SafeSave.h"
 #include "templates/Loader.h"
 
 namespace editor {
@@ -21,7 +22,9 @@ Document::Document(platform::TextControl& control, DocumentFrame& frame, Documen
       m_lines(control, m_state, m_colouring, frame.Settings()),
       m_keys(control, frame, m_state),
       m_view(control),
-      m_undo(control, frame.MakeTimer(), m_state, [this] { EnableUndoTools(); }) {
+      m_undo(control, frame.MakeTimer(), m_state, [this] { EnableUndoTools(); }),
+      m_recovery(frame.UnsavedTexts(), control, frame.MakeTimer(), frame.Prompts(),
+                 [this] { return TextBelongsTo(); }) {
   m_control.SetEvents(this);
   m_control.SetWordWrap(false);
   m_state.Template.UseFont = static_cast<std::int16_t>(frame.Settings().DefaultFontType + 1);
@@ -35,7 +38,8 @@ Document::~Document() {
 // The file.
 
 void Document::OpenFile(const std::string& path) {
-  platform::FileContent content = platform::ReadFile(path);
+  platform::FileIdentity identity;
+  platform::FileContent content = platform::ReadIdentified(path, identity);
   if (!content.Ok()) m_frame.Prompts().Show({.Text = "Could not read " + path, .Icon = platform::PromptIcon::Critical});
   rich_text::DecodedText decoded = rich_text::DecodeText(std::move(content.Bytes));
   m_encoding = decoded.Encoding;
@@ -49,9 +53,41 @@ void Document::OpenFile(const std::string& path) {
     m_state.CurFileName = path;
     m_window.SetCaption(platform::FileNameOf(path));
   }
+  m_recovery.Settled(identity);
   UpdateStatus();
   m_colouring.ColourScan(std::move(decoded.Text));
   m_frame.UpdateWindowTabs();
+}
+
+bool Document::Restore(const JournalContent& content) {
+  const JournalHead& head = content.Head;
+  SetTemplate(platform::FileExists(head.TemplateFile) ? head.TemplateFile : templates::NoTemplate, true);
+  SetTemplateChosen(head.TemplateChosen);
+  m_encoding = head.Encoding;
+  m_hasMark = head.HasMark;
+  {
+    const ProgramChange change(m_state);
+    m_control.SetText(content.Text);
+    m_control.SetSelStart(content.Caret);
+  }
+  m_state.LineCount = m_control.LineCount();
+  m_state.CurFileName = head.Path;
+  if (!head.Path.empty()) m_window.SetCaption(platform::FileNameOf(head.Path));
+  SetSaved(false);
+  const bool safe = m_recovery.Restored(content);
+  UpdateStatus();
+  ColourScan();
+  return safe;
+}
+
+JournalHead Document::TextBelongsTo() const {
+  JournalHead head;
+  head.Path = m_state.CurFileName;
+  head.TemplateFile = m_state.Template.TemplateFile;
+  head.TemplateChosen = m_state.Template.TemplateChosen;
+  head.Encoding = m_encoding;
+  head.HasMark = m_hasMark;
+  return head;
 }
 
 bool Document::AskForName(std::string& path) {
@@ -92,12 +128,14 @@ bool Document::WriteTo(const std::string& path) {
     text.Encoding = rich_text::TextEncoding::Utf8;
     bytes = rich_text::EncodeText(text);
   }
-  const std::string error = platform::WriteFile(path, *bytes);
-  if (!error.empty()) {
-    m_frame.Prompts().Show({.Text = "Could not save " + path + "\n\n" + error, .Icon = platform::PromptIcon::Critical});
+  const platform::SaveResult saved = platform::SafeSave(path, *bytes);
+  if (!saved.Ok()) {
+    m_frame.Prompts().Show(
+        {.Text = "Could not save " + path + "\n\n" + saved.Error, .Icon = platform::PromptIcon::Critical});
     return false;
   }
   m_encoding = text.Encoding;
+  m_recovery.Settled(saved.Written);
   return true;
 }
 
@@ -119,10 +157,12 @@ bool Document::MayLose(const std::string& question, const std::function<bool()>&
 bool Document::MayClose() {
   m_popups->CloseAll();
   const std::string caption = m_window.Caption();
-  return (m_state.Saved || MayLose("Save changes to " + caption + " before closing?",
-                                   [this] { return SaveFile(m_state.CurFileName); })) &&
-         (m_state.SSaved || MayLose("Save changes to Synonyms for " + caption + "?",
-                                    [this] { return m_window.SaveSynonyms(m_state.CurSFileName); }));
+  const bool may = (m_state.Saved || MayLose("Save changes to " + caption + " before closing?",
+                                             [this] { return SaveFile(m_state.CurFileName); })) &&
+                   (m_state.SSaved || MayLose("Save changes to Synonyms for " + caption + "?",
+                                              [this] { return m_window.SaveSynonyms(m_state.CurSFileName); }));
+  if (may) m_recovery.Closed();
+  return may;
 }
 
 // The template.
@@ -188,6 +228,7 @@ void Document::SetTemplate(const std::string& fileName, bool noInitialText) {
     m_control.SetText(initialText);
     m_state.LineCount = m_control.LineCount();
   }
+  m_recovery.HeadChanged();
   ColourScan();
   EnableButtons();
   UpdateFont();
@@ -306,6 +347,7 @@ void Document::KeyUp(int keyCode, int shift) {
 }
 
 void Document::Change(const platform::TextChange& change) {
+  m_recovery.Changed(change, m_state.Mode == UndoMode::Program);
   m_undo.RecordChange(change);
   // Even what a pop-up writes for the user has to be saved; only what the program rewrites has not.
   if (m_state.Saved && m_state.Mode != UndoMode::Program) SetSaved(false);

@@ -15,6 +15,7 @@
 #include "editor/KeyRules.h"
 #include "editor/LineEditing.h"
 #include "editor/PopupHost.h"
+#include "editor/Recovery.h"
 #include "editor/UndoHistory.h"
 #include "editor/ViewKeeper.h"
 #include "platform/TextControl.h"
@@ -44,6 +45,9 @@ class Document : public platform::TextControlEvents {
   /// Reads the file into the window and colours it. A file that cannot be read is told, and the document stays without
   /// a name.
   void OpenFile(const std::string& path);
+
+  /// Takes over an unsaved text from an earlier run, unsaved as it is. False when it could not be made safe again.
+  bool Restore(const JournalContent& content);
 
   /// Writes the text; "" asks for a name. False when nothing was written: the user cancelled, or was told why not.
   bool SaveFile(const std::string& path);
@@ -100,6 +104,7 @@ class Document : public platform::TextControlEvents {
   bool MayLose(const std::string& question, const std::function<bool()>& save);
   bool WriteTo(const std::string& path);
   bool MayChangeEncoding(const std::string& path);
+  JournalHead TextBelongsTo() const;
 
   platform::TextControl& m_control;
   DocumentFrame& m_frame;
@@ -112,6 +117,7 @@ class Document : public platform::TextControlEvents {
   NoPopups m_noPopups;
   PopupHost* m_popups = &m_noPopups;
   UndoHistory m_undo;
+  Recovery m_recovery;
   rich_text::TextEncoding m_encoding = rich_text::TextEncoding::Utf8;
   bool m_hasMark = false;
 };

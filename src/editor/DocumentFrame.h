@@ -14,6 +14,8 @@
 
 namespace editor {
 
+class RecoveryStore;
+
 /// The frame around all documents.
 class DocumentFrame {
  public:
@@ -23,6 +25,8 @@ class DocumentFrame {
   virtual platform::Prompts& Prompts() = 0;
   virtual platform::EventLoop& Loop() = 0;
   virtual const settings::Settings& Settings() const = 0;
+  /// Where unsaved text is kept safe from a crash; null for nowhere.
+  virtual RecoveryStore* UnsavedTexts() { return nullptr; }
   /// A timer that stands still.
   virtual std::unique_ptr<platform::Timer> MakeTimer() = 0;
 

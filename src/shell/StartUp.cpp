@@ -36,6 +36,7 @@ void LoadFrame(FrameSteps& frame, const CommandLine& commandLine, bool& useSubcl
   frame.PopulateTemplates();
   for (const std::string& token : commandLine.Switches) ApplySwitch(frame, token, useSubclassing);
   frame.Show();
+  frame.OfferUnsavedText();
   for (const FileArgument& file : commandLine.Files) {
     if (file.FullPath.empty())
       frame.Prompts().Show(DoesNotExist(file.Given));

@@ -77,7 +77,10 @@ class FakeFrame : public editor::DocumentFrame {
   int TabUpdates = 0;
   std::vector<FakeTimer*> Timers;  ///< those handed out, in order; each belongs to who asked for it
 
+  editor::RecoveryStore* Store = nullptr;
+
   platform::StatusPanels& Status() override { return Bar; }
+  editor::RecoveryStore* UnsavedTexts() override { return Store; }
   platform::Prompts& Prompts() override { return Questions; }
   platform::EventLoop& Loop() override { return Events; }
   const settings::Settings& Settings() const override { return Values; }

@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <variant>
+#include <vector>
 
 #include "platform/Prompts.h"
 
@@ -25,8 +26,14 @@ class ScriptedPrompts : public platform::Prompts {
 
   /// Expects the box next, and answers it. An unexpected Default counts as a difference too.
   void Expect(platform::MessageBox box, platform::PromptAnswer answer = platform::PromptAnswer::Ok) {
-    m_steps.push_back(BoxStep{std::move(box), answer});
+    m_steps.push_back(BoxStep{std::move(box), answer, {}});
   }
+
+  /// Expects a box next whose text has each of these parts.
+  void ExpectBoxWith(std::vector<std::string> parts, platform::PromptAnswer answer = platform::PromptAnswer::Ok) {
+    m_steps.push_back(BoxStep{{}, answer, std::move(parts)});
+  }
+  void ExpectAnyBox() { ExpectBoxWith({""}); }
 
   /// Expects a file chooser with this title next, and answers with a path, "" for Cancel.
   void ExpectOpenFile(std::string title, std::string path) {
@@ -50,10 +57,14 @@ class ScriptedPrompts : public platform::Prompts {
   const platform::FileQuestion& LastFileQuestion() const { return m_lastFileQuestion; }
 
   platform::PromptAnswer Show(const platform::MessageBox& box) override {
-    const Step asked = BoxStep{box, {}};
+    const Step asked = BoxStep{box, {}, {}};
     const BoxStep* expected = Next<BoxStep>(asked);
     if (expected == nullptr) return Closed(box.Buttons);
-    EXPECT_EQ(Describe(asked), Describe(*expected));
+    if (expected->Parts.empty()) {
+      EXPECT_EQ(Describe(asked), Describe(*expected));
+    }
+    for (const std::string& part : expected->Parts)
+      EXPECT_NE(box.Text.find(part), std::string::npos) << '"' << part << "\" is missing in: " << box.Text;
     const platform::PromptAnswer answer = expected->Answer;
     m_steps.pop_front();
     return answer;
@@ -72,6 +83,7 @@ class ScriptedPrompts : public platform::Prompts {
   struct BoxStep {
     platform::MessageBox Box;
     platform::PromptAnswer Answer;
+    std::vector<std::string> Parts;  ///< where not empty, all that counts of the box
   };
   struct FileStep {
     std::string Kind, Title, Path;

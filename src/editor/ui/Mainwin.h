@@ -23,6 +23,7 @@ class Mainwin : public QWidget, public shell::ChildWindow, public DocumentWindow
   void ColourScan() { m_document->ColourScan(); }
   void WordWrap(bool on) { m_document->WordWrap(on); }
   void OpenFile(const std::string& path) { m_document->OpenFile(path); }
+  bool Restore(const JournalContent& content) { return m_document->Restore(content); }
   bool SaveFile(const std::string& path) override { return m_document->SaveFile(path); }
   void SetTemplate(const std::string& fileName, bool noInitialText = false) {
     m_document->SetTemplate(fileName, noInitialText);

@@ -7,6 +7,7 @@
 #include <QMimeData>
 #include <QTimer>
 
+#include "editor/RecoveryOffer.h"
 #include "platform/FileParsing.h"
 #include "settings/TemplateChoice.h"
 #include "shell/CaretPlace.h"
@@ -65,7 +66,7 @@ BackWin::BackWin(platform::Prompts& prompts, const std::string& programFolder)
     : BackWin(
           prompts,
           FramePlaces{
-              .ProgramFolder = programFolder, .StartFolder = programFolder, .RegistryPath = "", .InstanceFolder = ""}) {
+              .ProgramFolder = programFolder, .StartFolder = programFolder, .RegistryPath = "", .InstanceFolder = "", .RecoveryFolder = ""}) {
   m_menus.PopulateTemplates();
 }
 
@@ -82,7 +83,8 @@ BackWin::~BackWin() {
 std::unique_ptr<FrameLifetime> BackWin::MakeLifetime(const FramePlaces& places) {
   return std::make_unique<FrameLifetime>(
       FrameLifetime::Parts{*this, m_values, m_prompts, m_menus, m_layout}, places.RegistryPath,
-      FrameLifetime::Actions{.OpenFile = [this](const FileArgument& file) { OpenFile(file); },
+      FrameLifetime::Actions{.OfferUnsavedText = [this, folder = places.RecoveryFolder] { ProtectUnsavedText(folder); },
+                             .OpenFile = [this](const FileArgument& file) { OpenFile(file); },
                              .NewDocument = [this] { NewDocument(); },
                              .HasWindows = [this] { return WindowCount() > 0; },
                              .WatchActivation = [this](bool watch) { m_popups.WatchActivation(watch); }});
@@ -92,6 +94,13 @@ void BackWin::Load(const CommandLine& commandLine) {
   LoadFrame(*m_lifetime, commandLine, m_values.UseSubclassing);
   m_loaded = true;
   m_listener->Start();
+}
+
+void BackWin::ProtectUnsavedText(const std::string& folder) {
+  if (folder.empty()) return;
+  m_unsavedTexts = std::make_unique<editor::RecoveryStore>(folder);
+  editor::OfferRecovery(*m_unsavedTexts, m_prompts,
+                        [this](const editor::JournalContent& content) { return AddDocument()->Restore(content); });
 }
 
 void BackWin::closeEvent(QCloseEvent* event) {

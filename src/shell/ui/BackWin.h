@@ -8,6 +8,7 @@
 
 #include "aids/ui/SharedPopups.h"
 #include "editor/DocumentFrame.h"
+#include "editor/RecoveryStore.h"
 #include "editor/ui/Mainwin.h"
 #include "platform/qt/ActiveBar.h"
 #include "platform/qt/QtEventLoop.h"
@@ -34,6 +35,7 @@ struct FramePlaces {
   std::string StartFolder;     ///< relative paths begin here
   std::string RegistryPath;    ///< the file with the settings
   std::string InstanceFolder;  ///< where other starts reach this one, whose lock is held; "" for nowhere
+  std::string RecoveryFolder;  ///< where unsaved text is kept safe from a crash; "" for nowhere
 };
 
 class BackWin : public QMainWindow, private editor::DocumentFrame {
@@ -54,6 +56,10 @@ class BackWin : public QMainWindow, private editor::DocumentFrame {
   void OpenFile(const std::string& path) override;
   /// The same, with the caret where the argument says.
   void OpenFile(const FileArgument& file);
+
+  /// Keeps unsaved text safe from a crash in this folder ("" for not at all), and offers what an earlier run left
+  /// there. Must come before the first document.
+  void ProtectUnsavedText(const std::string& folder);
 
   /// A blank document with the new-document template.
   void NewDocument();
@@ -93,6 +99,7 @@ class BackWin : public QMainWindow, private editor::DocumentFrame {
   platform::EventLoop& Loop() override { return m_loop; }
   const settings::Settings& Settings() const override { return m_values.Settings; }
   std::unique_ptr<platform::Timer> MakeTimer() override { return std::make_unique<platform::qt::QtTimer>(); }
+  editor::RecoveryStore* UnsavedTexts() override { return m_unsavedTexts.get(); }
   std::string AskTemplate() override;
   std::string GetTemplateOf(std::string_view extension) const override;
   void AddAssociation(const templates::Template& association) override;
@@ -140,6 +147,7 @@ class BackWin : public QMainWindow, private editor::DocumentFrame {
 
   platform::Prompts& m_prompts;
   ProgramValues m_values;
+  std::unique_ptr<editor::RecoveryStore> m_unsavedTexts;
   platform::qt::QtEventLoop m_loop;
   FrameWindows* m_windows;
   platform::qt::StatusBar* m_status;

@@ -25,6 +25,7 @@ class FrameLifetime final : public FrameSteps {
     settings::ToolbarLayout& Layout;
   };
   struct Actions {
+    std::function<void()> OfferUnsavedText;
     std::function<void(const FileArgument& file)> OpenFile;
     std::function<void()> NewDocument;
     std::function<bool()> HasWindows;
@@ -46,6 +47,7 @@ class FrameLifetime final : public FrameSteps {
   void DeleteToolbarLayout() override { m_parts.Layout.DeleteToolbarLayout(); }
   void ResetToolbars() override { m_parts.Layout.ResetToolbars(); }
   void Show() override;
+  void OfferUnsavedText() override { m_actions.OfferUnsavedText(); }
   void OpenFile(const FileArgument& file) override { m_actions.OpenFile(file); }
   void AttachHook() override { m_actions.WatchActivation(true); }
   bool HasWindows() const override { return m_actions.HasWindows(); }

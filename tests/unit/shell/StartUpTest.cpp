@@ -29,6 +29,7 @@ class RecordingFrame : public FrameSteps {
   void DeleteToolbarLayout() override { Done += " delete"; }
   void ResetToolbars() override { Done += " reset"; }
   void Show() override { Done += " show"; }
+  void OfferUnsavedText() override { Done += " unsaved"; }
   void OpenFile(const FileArgument& file) override {
     Done += " open(" + WithPlace(file) + ")";
     Windows += file.FullPath != "/refused" ? 1 : 0;
@@ -56,12 +57,12 @@ TEST(StartUp, StepsComeInTheirOrder) {
     bool UseSubclassing = true;
   };
   const Case cases[] = {
-      {{}, {}, " show hook new"},
-      {{}, {{"a", "/a", 0, 0}, {"b", "/b", 3, 4}}, " show open(/a) open(/b:3:4) hook"},
-      {{}, {{"r", "/refused", 0, 0}}, " show open(/refused) hook new"},
+      {{}, {}, " show unsaved hook new"},
+      {{}, {{"a", "/a", 0, 0}, {"b", "/b", 3, 4}}, " show unsaved open(/a) open(/b:3:4) hook"},
+      {{}, {{"r", "/refused", 0, 0}}, " show unsaved open(/refused) hook new"},
       {{"/ResetSettings", "/NoSubclassing", "/ResetToolbars"},
        {{"a", "/a", 0, 0}},
-       " defaults+bars delete reset show open(/a)",
+       " defaults+bars delete reset show unsaved open(/a)",
        false},
   };
   for (const Case& c : cases) {
@@ -85,7 +86,7 @@ TEST(StartUp, WhatIsWrongIsToldAndTheRestGoesOn) {
   frame.Questions.Expect(Missing);
   bool useSubclassing = false;
   LoadFrame(frame, {CommandLine::Task::Edit, {"/resetsettings"}, {{"no.js", "", 0, 0}}}, useSubclassing);
-  EXPECT_EQ(frame.Done, std::string(Loaded) + " show hook new");
+  EXPECT_EQ(frame.Done, std::string(Loaded) + " show unsaved hook new");
 }
 
 TEST(StartUp, ASecondStartHandsItsFilesOverAndDropsSwitches) {

@@ -1,0 +1,232 @@
+#include "editor/RecoveryWriter.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <utility>
+
+namespace editor {
+namespace {
+
+constexpr std::string_view JournalSuffix = ".journal", UnfinishedSuffix = ".new";
+constexpr std::size_t UrgentBytes = 1 << 20;  // so much is not worth waiting for more
+
+std::string LastError() {
+  return std::strerror(errno);
+}
+
+bool SyncFolder(const std::string& folder) {
+  const int opened = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (opened < 0) return false;
+  const bool synced = ::fsync(opened) == 0;
+  ::close(opened);
+  return synced;
+}
+
+bool WriteAll(int descriptor, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written <= 0) return false;
+    bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return true;
+}
+
+}  // namespace
+
+// The first part belongs to both threads, under the writer's mutex; the second to the writing thread alone.
+struct JournalFile {
+  std::string Name;
+  std::string Pending;
+  std::size_t Writing = 0;
+  bool WantsName = false, Published = false;
+  bool Removed = false, Left = false;
+  std::string Error;
+
+  std::string Path;  ///< where the file is now; "" when there is none
+  int Descriptor = -1;
+  std::size_t GoodBytes = 0;
+};
+
+/// What the thread has taken over from a file.
+struct RecoveryWriter::Job {
+  JournalHandle File;
+  std::string Bytes;
+  bool Publish = false, Remove = false, Leave = false;
+  std::string Error;
+};
+
+std::string MakePrivateFolder(const std::string& folder) {
+  std::error_code error;
+  const std::string above = std::filesystem::path(folder).parent_path().string();
+  std::filesystem::create_directories(above, error);
+  if (error) return above + ": " + error.message();
+  const bool made = ::mkdir(folder.c_str(), 0700) == 0;
+  struct stat status {};
+  if (!made && errno != EEXIST) return folder + ": " + LastError();
+  if (::stat(folder.c_str(), &status) != 0) return folder + ": " + LastError();
+  if (!S_ISDIR(status.st_mode)) return folder + ": it is not a folder";
+  if (status.st_uid != ::geteuid()) return folder + ": it belongs to another user";
+  if ((status.st_mode & 0777) != 0700 && ::chmod(folder.c_str(), 0700) != 0) return folder + ": " + LastError();
+  if (made) SyncFolder(above);
+  return "";
+}
+
+// The window's side.
+
+RecoveryWriter::RecoveryWriter(std::string folder, std::chrono::milliseconds gather)
+    : m_folder(std::move(folder)), m_gather(gather), m_thread([this] { Run(); }) {}
+
+RecoveryWriter::~RecoveryWriter() {
+  {
+    const std::lock_guard lock(m_mutex);
+    m_stop = true;
+  }
+  m_wake.notify_one();
+  m_thread.join();
+}
+
+void RecoveryWriter::Changed(const JournalHandle& file, bool urgent) {
+  if (std::find(m_files.begin(), m_files.end(), file) == m_files.end()) m_files.push_back(file);
+  m_urgent = m_urgent || urgent;
+  m_wake.notify_one();
+}
+
+JournalHandle RecoveryWriter::Create(const std::string& name) {
+  JournalHandle file = std::make_shared<JournalFile>();
+  file->Name = name;
+  return file;
+}
+
+void RecoveryWriter::Append(const JournalHandle& file, std::string_view bytes) {
+  const std::lock_guard lock(m_mutex);
+  if (!file->Error.empty()) return;
+  file->Pending += bytes;
+  Changed(file, file->Pending.size() >= UrgentBytes);
+}
+
+void RecoveryWriter::Publish(const JournalHandle& file) {
+  const std::lock_guard lock(m_mutex);
+  file->WantsName = true;
+  Changed(file, false);
+}
+
+void RecoveryWriter::Remove(const JournalHandle& file) {
+  const std::lock_guard lock(m_mutex);
+  file->Pending.clear();
+  file->Removed = true;
+  Changed(file, true);
+}
+
+void RecoveryWriter::Leave(const JournalHandle& file) {
+  const std::lock_guard lock(m_mutex);
+  file->Left = true;
+  Changed(file, true);
+}
+
+RecoveryWriter::FileStatus RecoveryWriter::Status(const JournalHandle& file) const {
+  const std::lock_guard lock(m_mutex);
+  return {file->Error, file->Pending.size() + file->Writing, file->Published};
+}
+
+void RecoveryWriter::Flush() {
+  std::unique_lock lock(m_mutex);
+  m_urgent = true;
+  m_wake.notify_one();
+  m_done.wait(lock, [this] { return m_files.empty() && !m_busy; });
+}
+
+// The thread.
+
+std::vector<RecoveryWriter::Job> RecoveryWriter::TakeJobs() {
+  std::vector<Job> jobs;
+  for (JournalHandle& file : std::exchange(m_files, {})) {
+    file->Writing = file->Pending.size();
+    jobs.push_back({file, std::exchange(file->Pending, {}), file->WantsName, file->Removed, file->Left, file->Error});
+  }
+  return jobs;
+}
+
+void RecoveryWriter::Run() {
+  std::unique_lock lock(m_mutex);
+  while (true) {
+    m_wake.wait(lock, [this] { return m_stop || !m_files.empty(); });
+    if (m_files.empty()) return;
+    m_wake.wait_for(lock, m_gather, [this] { return m_stop || m_urgent; });
+    m_urgent = false;
+    m_busy = true;
+    std::vector<Job> jobs = TakeJobs();
+    lock.unlock();
+    for (Job& job : jobs) Perform(job);
+    lock.lock();
+    for (const Job& job : jobs) {
+      job.File->Writing = 0;
+      job.File->Error = job.Error;
+      job.File->Published = job.File->Published || (job.Publish && job.Error.empty());
+      if (!job.Error.empty()) job.File->Pending.clear();
+    }
+    m_busy = false;
+    m_done.notify_all();
+  }
+}
+
+namespace {
+
+std::string Open(JournalFile& file, const std::string& folder) {
+  if (const std::string error = MakePrivateFolder(folder); !error.empty()) return error;
+  const std::string path = folder + '/' + file.Name + std::string(UnfinishedSuffix);
+  file.Descriptor = ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_APPEND | O_CLOEXEC | O_NOFOLLOW, 0600);
+  if (file.Descriptor < 0) return path + ": " + LastError();
+  file.Path = path;
+  return ::flock(file.Descriptor, LOCK_EX | LOCK_NB) == 0 ? "" : path + ": " + LastError();
+}
+
+std::string Write(JournalFile& file, std::string_view bytes) {
+  if (WriteAll(file.Descriptor, bytes) && ::fdatasync(file.Descriptor) == 0) {
+    file.GoodBytes += bytes.size();
+    return "";
+  }
+  const std::string error = file.Path + ": " + LastError();
+  // What was cut off would be passed over by a reader; without it the file is as small as can be on a full disk.
+  [[maybe_unused]] const int ignored = ::ftruncate(file.Descriptor, static_cast<off_t>(file.GoodBytes));
+  return error;
+}
+
+std::string GiveName(JournalFile& file, const std::string& folder) {
+  const std::string path = folder + '/' + file.Name + std::string(JournalSuffix);
+  if (file.Path == path) return "";
+  if (::rename(file.Path.c_str(), path.c_str()) != 0) return path + ": " + LastError();
+  file.Path = path;
+  SyncFolder(folder);  // should it fail, a power cut leaves the old name or the new one, and either is right
+  return "";
+}
+
+void Close(JournalFile& file) {
+  if (file.Descriptor >= 0) ::close(std::exchange(file.Descriptor, -1));
+  file.Path.clear();
+}
+
+}  // namespace
+
+void RecoveryWriter::Perform(Job& job) const {
+  JournalFile& file = *job.File;
+  if (job.Remove) {
+    if (!file.Path.empty() && ::unlink(file.Path.c_str()) == 0) SyncFolder(m_folder);
+    return Close(file);
+  }
+  if (job.Error.empty() && file.Descriptor < 0 && !job.Bytes.empty()) job.Error = Open(file, m_folder);
+  if (job.Error.empty() && !job.Bytes.empty()) job.Error = Write(file, job.Bytes);
+  if (job.Error.empty() && job.Publish && file.Descriptor >= 0) job.Error = GiveName(file, m_folder);
+  const bool isUseless = !job.Error.empty() && file.Path.ends_with(UnfinishedSuffix);
+  if (isUseless) ::unlink(file.Path.c_str());
+  if (isUseless || job.Leave) Close(file);
+}
+
+}  // namespace editor

@@ -1,0 +1,59 @@
+// Feeds any bytes to the reader of journals: as a journal, and as the contents of records whose checksums are right, so
+// that what stands behind the checksums is reached too.
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <string_view>
+
+#include "editor/RecoveryJournal.h"
+
+namespace {
+
+void Read(std::string_view bytes, const editor::BaseText& base) {
+  const editor::JournalContent content = editor::ReadJournal(bytes, base);
+  if (!rich_text::IsValidUtf8(content.Text) || content.Caret > content.Text.size()) std::abort();
+}
+
+std::uint64_t Number(std::string_view& bytes) {
+  std::uint64_t number = 0;
+  const std::size_t taken = std::min(bytes.size(), sizeof number);
+  std::memcpy(&number, bytes.data(), taken);
+  bytes.remove_prefix(taken);
+  return number;
+}
+
+/// The bytes as a script: what record comes, and its numbers.
+std::string Journal(std::string_view script) {
+  std::string bytes;
+  editor::JournalEncoder encoder;
+  encoder.Head(bytes, {});
+  while (script.size() > 1) {
+    const auto kind = static_cast<unsigned char>(script[0]);
+    const auto length = static_cast<unsigned char>(script[1]);
+    script.remove_prefix(2);
+    const std::string_view text = script.substr(0, length);
+    script.remove_prefix(text.size());
+    const std::uint64_t start = kind < 128 ? kind : Number(script);
+    if (kind % 8 == 0)
+      encoder.Whole(bytes, start);
+    else if (kind % 8 == 1)
+      encoder.Slice(bytes, text);
+    else
+      encoder.Change(bytes, start, kind % 8 == 2 ? Number(script) : length / 16, text, 0);
+  }
+  return bytes;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+  Read(bytes, nullptr);
+  const std::string journal = Journal(bytes);
+  Read(journal, nullptr);
+  Read(journal, [&](const editor::JournalHead&) { return std::string(100, 'b'); });
+  return 0;
+}

@@ -10,6 +10,8 @@ nothing is written. The groups:
   growth     time per byte from 1 to 100 MB: the pass, documents, the whole process
   batch      quillmark-colour as a whole process, beside other programs
   start      quillmark-colour on 1 KB
+  keys       keys in the whole editor, in process: from a key's event to painted, in texts from 1 KB to 100 MB
+  screen     the editor beside SciTE on an X display, looked at from outside: start, opening 100 MB, keys, memory
 
 Each number is the median of several runs; what is compared runs in turns. A megabyte is 10^6 bytes. The programs are
 those in build/bin, or in $QUILLMARK_BUILD_DIR/bin. Ends with 1 when a budget is missed or something did not run.
@@ -27,12 +29,15 @@ import sys
 import tarfile
 import time
 
+import desktop
+
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 BUILD = pathlib.Path(os.environ.get("QUILLMARK_BUILD_DIR", ROOT / "build"))
 DATA = BUILD / "bench-data"
 SCRIPT = DATA / "typescript.js"
 PACKAGE = "typescript@5.4.5"
 COLOURER = BUILD / "bin" / "quillmark-colour"
+EDITOR = BUILD / "bin" / "quillmark"
 MB = 1_000_000
 
 # A peer that would need longer than this for the whole script gets the start of it.
@@ -270,8 +275,79 @@ def group_start():
         yield Row("Start, the same", seconds(ours), f"{name}: {seconds(taken)}", taken / ours, " × faster")
 
 
+def percentile(values, percent):
+    return sorted(values)[min(len(values) - 1, len(values) * percent // 100)]
+
+
+def median_and_p95(values):
+    return f"{statistics.median(values):.2f} ms ({percentile(values, 95):.2f})"
+
+
+def group_keys():
+    run = subprocess.run([str(BUILD / "bin" / "bench_editor"), str(SCRIPT)], env=ENVIRONMENT, check=True, capture_output=True, text=True)
+    samples = json.loads(run.stdout)
+    sizes = [1000, MB, 20 * MB, 100 * MB]
+    for what, title, least in [
+            ("key in the middle", "A letter in the middle of the text", 0), ("key at the end", "A letter at its end", 0),
+            ("Enter", "Enter in the middle", 1), ("leave an edited line", "Up or Down off an edited line", 0),
+            ("caret", "Left or Right", 0), ("Shift+Down", "Shift+Up or Shift+Down, half of the text being selected", 0)]:
+        taken = [samples[f"{what}/{size}"] for size in sizes]
+        compared = ["100 MB to 1 KB", "100 MB to 1 MB, as 1 KB needs no scroll bar"][least]
+        yield Row(title, "1 KB, 1, 20, 100 MB: " + ", ".join(map(median_and_p95, taken)), "",
+                  statistics.median(taken[-1]) / statistics.median(taken[least]), " ×", at_most=1.5,
+                  remark=f"{compared}; medians (95th percentiles), event to painted")
+    for what, title in [("paste", "Pasting 10 MB"), ("undo", "Undo of that"), ("redo", "Redo of that")]:
+        small, large = (statistics.median(samples[f"{what}/{size}"]) / 1000 for size in (sizes[0], sizes[-1]))
+        yield Row(title, f"into 1 KB and 100 MB: {seconds(small)}, {seconds(large)}", "", large / small, " ×", remark="100 MB to 1 KB")
+
+
+def group_screen():
+    with desktop.display(BUILD / "bin" / "bench_screen", ROOT / "data" / "templates") as display:
+        yield from start_rows(display)
+        for size, name in [(MB, "1 MB"), (100 * MB, "100 MB")]:
+            for place, where in [("here", "at the start of"), ("end", "at the end of")]:
+                yield key_row(display, f"A letter {where} {name}, to its pixels", place, script_of_size(size))
+
+
+def editors(path):
+    return [str(EDITOR), str(path)], [debian("scite"), str(path)]
+
+
+def start_rows(display):
+    def in_turns(path, rounds):
+        taken = [[], []]
+        for _ in range(rounds):
+            for list_of_times, command in zip(taken, editors(path)):
+                list_of_times.append(display.start(command))
+        return [{key: statistics.median(times[key] for times in of_one) for key in of_one[0]} for of_one in taken]
+
+    in_turns(script_of_size(1000), 1)  # the programs are in memory from here on
+    ours, theirs = in_turns(script_of_size(MB), 7)
+    yield Row("Start to 1 MB painted and coloured", seconds(ours["coloured"] / 1000), f"SciTE: {seconds(theirs['coloured'] / 1000)}",
+              ours["coloured"] / theirs["coloured"], " ×", at_most=1, remark="whole process, seen on the screen")
+    path = script_of_size(100 * MB)
+    ours, theirs = in_turns(path, 3)
+    yield Row("Start to the text of 100 MB on the screen", seconds(ours["text"] / 1000), f"SciTE: {seconds(theirs['text'] / 1000)}",
+              ours["text"] / theirs["text"], " ×", at_most=1.25)
+    yield Row("Start to 100 MB coloured to its end", seconds(ours["coloured"] / 1000), "", ours["coloured"] / 1000, " s", at_most=1.5,
+              remark="the colours of the first screen come last")
+    size = path.stat().st_size
+    yield Row("Memory with 100 MB open, a byte of text", f"{ours['rss'] / MB:.0f} MB", f"SciTE: {theirs['rss'] / MB:.0f} MB",
+              ours["rss"] / size, " bytes", at_most=4, remark=f"resident; {ours['peak'] / size:.1f} at most on the way there")
+
+
+def key_row(display, what, place, path):
+    taken = [[], []]
+    for _ in range(2):
+        for samples, command in zip(taken, editors(path)):
+            samples += display.keys(60, place, command)
+    ours, theirs = taken
+    return Row(what, median_and_p95(ours), f"SciTE: {median_and_p95(theirs)}", statistics.median(ours) / statistics.median(theirs), " ×",
+               at_most=1, remark="medians (95th percentiles)")
+
+
 GROUPS = {"pass": group_pass, "document": group_document, "rtf": group_rtf, "growth": group_growth,
-          "batch": group_batch, "start": group_start}
+          "batch": group_batch, "start": group_start, "keys": group_keys, "screen": group_screen}
 
 
 # The report.
@@ -340,6 +416,12 @@ Written by `./dev bench`; do not edit.
   megabyte, and so do we in that comparison.
 - Growth of the pass: the 1 MB is another megabyte of the script in each round, so that it is the same code per byte as
   the larger texts. Documents and processes take the first megabyte.
+- Keys in process: the whole editor drawing into memory, four documents open at one time and measured in turns, six rounds
+  of 25 keys; from the key's event until everything that it caused has been done and painted.
+- On the screen: Xvfb and openbox, both programs with a window of 1000 × 720, in turns. The start is measured by looking
+  at the whole screen every few milliseconds; "painted" and "coloured" are when 95 % of the last picture's pixels stood,
+  for good. A key is measured from the moment when it is sent until pixels of its line differ, both programs in the same
+  way; the server's news of drawing say when to look.
 - The one line of 50 MB is the repeated script with blanks for its line ends and without what would open a comment to
   the end of the line.
 """

@@ -207,7 +207,7 @@ bool Document::LoadFrom(const std::string& fileName, bool noInitialText, std::st
 
 void Document::SetTemplate(const std::string& fileName, bool noInitialText) {
   if (fileName == templates::NoTemplate) {
-    m_state.Template.ColourTable = "}";
+    m_state.Template.ColourTable = BuildColourTable({});
     return;
   }
   std::string chosen = fileName;

@@ -5,6 +5,7 @@
 // Paths are UTF-8. Control, frame and window outlive the document, which is the control's only listener.
 
 #include <functional>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -47,6 +48,9 @@ class Document : public platform::TextControlEvents {
 
   /// Writes the text; "" asks for a name. False when nothing was written: the user cancelled, or was told why not.
   bool SaveFile(const std::string& path);
+
+  /// Runs an edit of the user's that may touch any line, and colours the whole document afterwards.
+  void EditEverywhere(const std::function<void()>& edit);
 
   /// Takes a template into use: a path, "" to ask the user, templates::NoTemplate for none. Unless `noInitialText`, the
   /// template's initial text goes into an empty document.

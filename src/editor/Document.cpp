@@ -372,6 +372,16 @@ bool Document::MouseDown(int button, int, int x, int y) {
   return true;
 }
 
+void Document::EditEverywhere(const std::function<void()>& edit) {
+  m_state.DontChange = true;
+  edit();
+  m_state.DontChange = false;
+  m_state.EditedLine = 0;
+  m_state.LineCount = m_control.LineCount();
+  UpdateStatus();
+  if (m_frame.Settings().UseColours) ColourScan();
+}
+
 void Document::FilesDropped(const std::vector<std::string>& paths) {
   for (const std::string& path : paths)
     if (platform::FileExists(path)) m_frame.OpenFile(platform::FullPathName(path, "/"));

@@ -5,6 +5,7 @@
 // Paths are UTF-8. Control, frame and window outlive the document, which is the control's only listener.
 
 #include <functional>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -56,6 +57,9 @@ class Document : public platform::TextControlEvents {
   void TextEdited() {
     if (m_state.Saved) SetSaved(false);
   }
+
+  /// Runs an edit of the user's that may touch any line, and colours the whole document afterwards.
+  void EditEverywhere(const std::function<void()>& edit);
 
   /// Takes a template into use: a path, "" to ask the user, templates::NoTemplate for none. Unless `noInitialText`, the
   /// template's initial text goes into an empty document.

@@ -17,6 +17,7 @@ struct ProgramValues {
   std::string HelpFile;
   settings::Settings Settings;  ///< with DefNewTemplate and the user's Associations
   std::vector<templates::Template> TemplateList;
+  std::vector<templates::Template> ExtraTemplates;  ///< chosen by the user outside the program folder
   settings::FileInfos FileInfos;
   shell::History History;
   bool UseSubclassing = true;    ///< pop-ups follow the application's activation

@@ -47,6 +47,8 @@ class Mainwin : public QWidget, public shell::ChildWindow, public DocumentWindow
   editor::Document& Core() { return *m_document; }
   /// The text control.
   platform::qt::RichTextBox& TextArea() { return *m_textArea; }
+  /// Who writes the document's synonyms to a file; false means that nothing was written.
+  void SetSynonymSaver(std::function<bool(const std::string& path)> save) { m_saveSynonyms = std::move(save); }
   /// Whether the window is closing or closed and only waits to be deleted.
   bool Closed() const { return m_closed; }
   /// Whether a colouring run is under way.
@@ -68,10 +70,11 @@ class Mainwin : public QWidget, public shell::ChildWindow, public DocumentWindow
   void SetCaption(std::string_view caption) override;
   void BringToFront() override;
   void CloseWindow() override;
-  bool SaveSynonyms(const std::string&) override { return false; }  // no synonym is ever changed yet
+  bool SaveSynonyms(const std::string& path) override { return m_saveSynonyms && m_saveSynonyms(path); }
 
   platform::qt::RichTextBox* m_textArea;
   std::unique_ptr<Document> m_document;
+  std::function<bool(const std::string&)> m_saveSynonyms;
   bool m_closed = false;
 };
 

@@ -38,7 +38,8 @@ BackWin::BackWin(platform::Prompts& prompts, const FramePlaces& places)
       m_layout(m_bar, m_prompts, places.ProgramFolder + "/" + settings::ToolbarLayout::FileName,
                {.PopulateTemplates = [this] { m_menus.PopulateTemplates(); },
                 .EnableButtons = [this] { EnableButtons(); },
-                .UpdateWindowTabs = [this] { UpdateWindowTabs(); }}) {
+                .UpdateWindowTabs = [this] { UpdateWindowTabs(); }}),
+      m_aids(*this, *this, places.ProgramFolder) {
   m_values.ProgramFolder = places.ProgramFolder;
   m_values.StartFolder = places.StartFolder;
   setObjectName(QStringLiteral("BackWin"));
@@ -63,10 +64,11 @@ BackWin::BackWin(platform::Prompts& prompts, const FramePlaces& places)
 }
 
 BackWin::BackWin(platform::Prompts& prompts, const std::string& programFolder)
-    : BackWin(
-          prompts,
-          FramePlaces{
-              .ProgramFolder = programFolder, .StartFolder = programFolder, .RegistryPath = "", .InstanceFolder = "", .RecoveryFolder = ""}) {
+    : BackWin(prompts, FramePlaces{.ProgramFolder = programFolder,
+                                   .StartFolder = programFolder,
+                                   .RegistryPath = "",
+                                   .InstanceFolder = "",
+                                   .RecoveryFolder = ""}) {
   m_menus.PopulateTemplates();
 }
 
@@ -139,7 +141,9 @@ void BackWin::OpenFile(const std::string& path) {
       path, {m_values.TemplateList, m_values.FileInfos, m_values.Settings, m_values.ProgramFolder}, m_prompts);
   if (chosen.TemplateChosen) document->SetTemplateChosen(true);
   document->SetTemplate(chosen.File, true);
-  if (!document->Closed()) document->OpenFile(path);
+  if (document->Closed()) return;
+  document->OpenFile(path);
+  m_aids.LoadSynonyms(*document, chosen.Synonyms);
 }
 
 void BackWin::OpenFile(const FileArgument& file) {
@@ -170,7 +174,10 @@ std::string BackWin::GetSaveFile(std::string_view title, std::string_view extNam
 }
 
 std::string BackWin::AskTemplate() {
-  return GetOpenFile("Select Template", "Template Definition File", "def", m_values.ProgramFolder);
+  const std::string path = GetOpenFile("Select Template", "Template Definition File", "def", m_values.ProgramFolder);
+  if (!path.empty() && platform::FolderOf(path) != m_values.ProgramFolder + '/')
+    m_values.ExtraTemplates.push_back({.Name = "", .Extension = "", .FileName = path});
+  return path;
 }
 
 std::string BackWin::GetTemplateOf(std::string_view extension) const {
@@ -188,6 +195,7 @@ editor::ui::Mainwin* BackWin::AddDocument() {
   connect(document, &editor::ui::Mainwin::Closing, this, [this, document] { WindowCloses(*document); });
   m_windows->Add(document);
   m_popups.Serve(*document);
+  m_aids.Serve(*document);
   return document;
 }
 

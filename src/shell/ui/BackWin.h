@@ -6,6 +6,7 @@
 #include <QMainWindow>
 #include <memory>
 
+#include "aids/ui/FrameAids.h"
 #include "aids/ui/SharedPopups.h"
 #include "editor/DocumentFrame.h"
 #include "editor/RecoveryStore.h"
@@ -134,6 +135,10 @@ class BackWin : public QMainWindow, private editor::DocumentFrame {
   void BindEditCommands();
   void BindWindowCommands();
   void BindHelpCommands();
+  void BindAidCommands();
+  void BindSettingsCommands();
+  /// Does something with every open document and gives the active one the focus.
+  void EveryDocument(const std::function<void(editor::ui::Mainwin&)>& action);
   /// Binds the command of a tool that concerns the active document.
   void BindDocument(std::string_view tool, std::function<void(editor::ui::Mainwin&)> action);
   void DisableWaitingTools();
@@ -156,6 +161,7 @@ class BackWin : public QMainWindow, private editor::DocumentFrame {
   FrameMenus m_menus;
   settings::ToolbarLayout m_layout;
   aids::ui::SharedPopups m_popups{*this};
+  aids::ui::FrameAids m_aids;
   std::unique_ptr<FrameLifetime> m_lifetime;
   std::unique_ptr<HandOverListener> m_listener;
   bool m_loaded = false;

@@ -43,6 +43,8 @@ void BackWin::BindCommands() {
   BindEditCommands();
   BindWindowCommands();
   BindHelpCommands();
+  BindAidCommands();
+  BindSettingsCommands();
   DisableWaitingTools();
 }
 

@@ -1,0 +1,40 @@
+#include "platform/qt/QtShell.h"
+
+#include <QDesktopServices>
+#include <QFileInfo>
+#include <QProcess>
+#include <QUrl>
+#include <cstdlib>
+
+namespace platform::qt {
+namespace {
+
+constexpr int NoSuchFile = 2, NotStarted = 5, NoHandler = 31;
+
+int OpenWithHandler(const QUrl& url) {
+  return QDesktopServices::openUrl(url) ? ShellSuccess : NoHandler;
+}
+
+/// A URL names its scheme, which is longer than a drive's letter.
+bool IsUrl(const std::string& program) {
+  const std::size_t colon = program.find(':');
+  return colon != std::string::npos && colon > 1 && program.find_first_of("/\\ ") > colon &&
+         QUrl(QString::fromStdString(program), QUrl::StrictMode).isValid();
+}
+
+}  // namespace
+
+int QtShell::ShellExecute(const std::string& program, const std::string& arguments) {
+  const QString name = QString::fromStdString(program);
+  const char* searchPath = std::getenv("PATH");
+  const std::string executable = FindExecutable(program, searchPath ? searchPath : "");
+  if (!executable.empty()) {
+    QStringList list;
+    for (const std::string& argument : SplitArguments(arguments)) list += QString::fromStdString(argument);
+    return QProcess::startDetached(QString::fromStdString(executable), list) ? ShellSuccess : NotStarted;
+  }
+  if (QFileInfo::exists(name)) return OpenWithHandler(QUrl::fromLocalFile(QFileInfo(name).absoluteFilePath()));
+  return IsUrl(program) ? OpenWithHandler(QUrl(name)) : NoSuchFile;
+}
+
+}  // namespace platform::qt

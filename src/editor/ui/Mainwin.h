@@ -32,6 +32,8 @@ class Mainwin : public QWidget, public shell::ChildWindow, public DocumentWindow
   void Redo() { m_document->Redo(); }
   void EnableButtons() { m_document->EnableButtons(); }
   void Activated();
+  /// Looks whether another program changed the file, unless a dialog is up. For a frame that becomes active.
+  void CheckFile();
 
   std::string FormName() const override { return "Mainwin"; }
   std::string Caption() const override;

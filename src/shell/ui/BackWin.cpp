@@ -207,6 +207,14 @@ void BackWin::ShowAbout() {
 
 // The window.
 
+// The user comes back from another program, which may have written the file.
+void BackWin::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() != QEvent::ActivationChange || !isActiveWindow()) return;
+  if (editor::ui::Mainwin* document = ActiveDocument())
+    QTimer::singleShot(0, document, &editor::ui::Mainwin::CheckFile);
+}
+
 void BackWin::closeEvent(QCloseEvent* event) {
   m_windows->closeAllSubWindows();
   const bool allClosed = WindowCount() == 0;

@@ -40,6 +40,7 @@ class BackWin : public QMainWindow, private editor::DocumentFrame {
   std::size_t WindowCount() const;
 
  protected:
+  void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;

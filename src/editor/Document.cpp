@@ -70,11 +70,13 @@ bool Document::Reload() {
   if (!text) return false;
   const TextDifference difference = DifferenceOf(m_control.Text(), *text);
   if (!difference.IsEmpty()) {
+    m_undo.tmrWait_ThatTime();  // a step of its own
     ViewKeeper view(m_control);
     view.SaveView();
     m_control.SetSelStart(difference.Start);
     m_control.SetSelLength(difference.OldEnd - difference.Start);
     m_control.SetSelText(std::string_view(*text).substr(difference.Start, difference.NewEnd - difference.Start));
+    m_undo.tmrWait_ThatTime();
     view.RestoreView();
     ColourScan();
   }

@@ -61,6 +61,9 @@ TEST_F(FileOnDiskTest, ReloadingIsAnEditOfWhatDiffers) {
   EXPECT_EQ(m_control.Text(), "café\n");
   EXPECT_TRUE(Save());
   EXPECT_EQ(m_folder.Read("file"), "caf\xE9\n") << "the encoding is reloaded too";
+  m_document.Undo();
+  EXPECT_EQ(m_control.Text(), "first\nother\nline\nmine!");
+  EXPECT_FALSE(m_document.State().Saved);
 }
 
 TEST_F(FileOnDiskTest, AnAnswerHoldsForOneStateOfTheFile) {

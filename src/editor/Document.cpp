@@ -1,9 +1,9 @@
 #include "editor/Document.h"
 
 #include "editor/StatusTexts.h"
+#include "editor/TextDifference.h"
 #include "platform/FileParsing.h"
 #include "platform/Files.h"
-#include "platform/SafeSave.h"
 #include "templates/Loader.h"
 
 namespace editor {
@@ -22,6 +22,7 @@ Document::Document(platform::TextControl& control, DocumentFrame& frame, Documen
       m_lines(control, m_state, m_colouring, frame.Settings()),
       m_keys(control, frame, m_state),
       m_view(control),
+      m_file(frame.Prompts()),
       m_undo(control, frame.MakeTimer(), m_state, [this] { EnableUndoTools(); }),
       m_recovery(frame.UnsavedTexts(), control, frame.MakeTimer(), frame.Prompts(),
                  [this] { return TextBelongsTo(); }) {
@@ -38,24 +39,16 @@ Document::~Document() {
 // The file.
 
 void Document::OpenFile(const std::string& path) {
-  platform::FileIdentity identity;
-  platform::FileContent content = platform::ReadIdentified(path, identity);
-  if (!content.Ok()) m_frame.Prompts().Show({.Text = "Could not read " + path, .Icon = platform::PromptIcon::Critical});
-  rich_text::DecodedText decoded = rich_text::DecodeText(std::move(content.Bytes));
-  m_encoding = decoded.Encoding;
-  m_hasMark = decoded.HasMark;
-  {
-    const ProgramChange change(m_state);
-    m_control.SetText(decoded.Text);
-  }
-  m_state.LineCount = m_control.LineCount();
-  if (content.Ok()) {
+  std::optional<std::string> read = m_file.Open(path);
+  std::string text = read ? *std::move(read) : "";
+  SetTextUnrecorded(text);
+  if (read) {
     m_state.CurFileName = path;
     m_window.SetCaption(platform::FileNameOf(path));
   }
-  m_recovery.Settled(identity);
+  m_recovery.Settled(m_file.Identity());
   UpdateStatus();
-  m_colouring.ColourScan(std::move(decoded.Text));
+  m_colouring.ColourScan(std::move(text));
   m_frame.UpdateWindowTabs();
 }
 
@@ -63,14 +56,9 @@ bool Document::Restore(const JournalContent& content) {
   const JournalHead& head = content.Head;
   SetTemplate(platform::FileExists(head.TemplateFile) ? head.TemplateFile : templates::NoTemplate, true);
   SetTemplateChosen(head.TemplateChosen);
-  m_encoding = head.Encoding;
-  m_hasMark = head.HasMark;
-  {
-    const ProgramChange change(m_state);
-    m_control.SetText(content.Text);
-    m_control.SetSelStart(content.Caret);
-  }
-  m_state.LineCount = m_control.LineCount();
+  m_file.Adopt(head.Path, head.Base, head.Encoding, head.HasMark);
+  SetTextUnrecorded(content.Text);
+  m_control.SetSelStart(content.Caret);
   m_state.CurFileName = head.Path;
   if (!head.Path.empty()) m_window.SetCaption(platform::FileNameOf(head.Path));
   SetSaved(false);
@@ -85,9 +73,46 @@ JournalHead Document::TextBelongsTo() const {
   head.Path = m_state.CurFileName;
   head.TemplateFile = m_state.Template.TemplateFile;
   head.TemplateChosen = m_state.Template.TemplateChosen;
-  head.Encoding = m_encoding;
-  head.HasMark = m_hasMark;
+  head.Encoding = m_file.Encoding();
+  head.HasMark = m_file.HasMark();
   return head;
+}
+
+void Document::SetTextUnrecorded(std::string_view text) {
+  const ProgramChange change(m_state);
+  m_control.SetText(text);
+  m_state.LineCount = m_control.LineCount();
+}
+
+void Document::CheckFile() {
+  if (Busy()) return;
+  const FileOnDisk::Verdict verdict = m_file.LookForChanges(m_state.Saved);
+  if (verdict == FileOnDisk::Verdict::Nothing) return;
+  if (verdict == FileOnDisk::Verdict::Reload && Reload()) return;
+  SetSaved(false);
+  if (verdict == FileOnDisk::Verdict::SaveAgain) SaveFile(m_state.CurFileName);
+}
+
+// The text comes as an edit, so that Undo brings back what it replaces.
+bool Document::Reload() {
+  const std::optional<std::string> text = m_file.Open(m_state.CurFileName);
+  if (!text) return false;
+  const TextDifference difference = DifferenceOf(m_control.Text(), *text);
+  if (!difference.IsEmpty()) {
+    m_undo.tmrWait_ThatTime();  // a step of its own
+    ViewKeeper view(m_control);
+    view.SaveView();
+    m_control.SetSelStart(difference.Start);
+    m_control.SetSelLength(difference.OldEnd - difference.Start);
+    m_control.SetSelText(std::string_view(*text).substr(difference.Start, difference.NewEnd - difference.Start));
+    m_undo.tmrWait_ThatTime();
+    view.RestoreView();
+    ColourScan();
+  }
+  m_recovery.Settled(m_file.Identity());
+  SetSaved(true);
+  UpdateStatus();
+  return true;
 }
 
 bool Document::AskForName(std::string& path) {
@@ -99,43 +124,14 @@ bool Document::SaveFile(const std::string& path) {
   std::string target = path;
   const bool asks = path.empty();
   if (asks && !AskForName(target)) return false;
-  if (!WriteTo(target)) return false;
+  if (!m_file.Save(target, m_control.Text())) return false;
+  m_recovery.Settled(m_file.Identity());
   if (asks || target != m_state.CurFileName) {
     m_state.CurFileName = target;
     m_window.SetCaption(platform::FileNameOf(target));
   }
   SetSaved(true);
   if (!m_state.CurSFileName.empty() && !m_state.SSaved) m_window.SaveSynonyms(m_state.CurSFileName);
-  return true;
-}
-
-bool Document::MayChangeEncoding(const std::string& path) {
-  const auto answer = m_frame.Prompts().Show(
-      {.Text = "\"" + path +
-               "\" is encoded in Windows-1252, which cannot hold every character that the text has now.  "
-               "Save it in UTF-8 instead?",
-       .Buttons = platform::PromptButtons::YesNo,
-       .Icon = platform::PromptIcon::Question,
-       .Default = platform::PromptAnswer::No});
-  return answer == platform::PromptAnswer::Yes;
-}
-
-bool Document::WriteTo(const std::string& path) {
-  rich_text::DecodedText text{m_control.Text(), m_encoding, m_hasMark};
-  std::optional<std::string> bytes = rich_text::EncodeText(text);
-  if (!bytes) {
-    if (!MayChangeEncoding(path)) return false;
-    text.Encoding = rich_text::TextEncoding::Utf8;
-    bytes = rich_text::EncodeText(text);
-  }
-  const platform::SaveResult saved = platform::SafeSave(path, *bytes);
-  if (!saved.Ok()) {
-    m_frame.Prompts().Show(
-        {.Text = "Could not save " + path + "\n\n" + saved.Error, .Icon = platform::PromptIcon::Critical});
-    return false;
-  }
-  m_encoding = text.Encoding;
-  m_recovery.Settled(saved.Written);
   return true;
 }
 
@@ -223,11 +219,7 @@ void Document::SetTemplate(const std::string& fileName, bool noInitialText) {
   std::string initialText;
   if (!LoadFrom(chosen, noInitialText, initialText)) return m_window.CloseWindow();
   m_state.Template.ColourTable = BuildColourTable(m_state.Template.Colours);
-  if (m_control.Length() == 0 && !initialText.empty()) {
-    const ProgramChange change(m_state);
-    m_control.SetText(initialText);
-    m_state.LineCount = m_control.LineCount();
-  }
+  if (m_control.Length() == 0 && !initialText.empty()) SetTextUnrecorded(initialText);
   m_recovery.HeadChanged();
   ColourScan();
   EnableButtons();

@@ -13,6 +13,7 @@
 #include "editor/Colouring.h"
 #include "editor/DocumentFrame.h"
 #include "editor/DocumentState.h"
+#include "editor/FileOnDisk.h"
 #include "editor/KeyRules.h"
 #include "editor/LineEditing.h"
 #include "editor/PopupHost.h"
@@ -20,7 +21,6 @@
 #include "editor/UndoHistory.h"
 #include "editor/ViewKeeper.h"
 #include "platform/TextControl.h"
-#include "rich_text/Encoding.h"
 
 namespace editor {
 
@@ -60,6 +60,10 @@ class Document : public platform::TextControlEvents {
 
   /// Runs an edit of the user's that may touch any line, and colours the whole document afterwards.
   void EditEverywhere(const std::function<void()>& edit);
+
+  /// Asks what is to be done when another program changed or removed the file, and does it. For a window that becomes
+  /// active; costs nothing worth mentioning when all is as it was.
+  void CheckFile();
 
   /// Takes a template into use: a path, "" to ask the user, templates::NoTemplate for none. Unless `noInitialText`, the
   /// template's initial text goes into an empty document.
@@ -105,9 +109,9 @@ class Document : public platform::TextControlEvents {
   void SetSaved(bool saved);
   void EnableUndoTools();
   bool AskForName(std::string& path);
+  bool Reload();
+  void SetTextUnrecorded(std::string_view text);
   bool MayLose(const std::string& question, const std::function<bool()>& save);
-  bool WriteTo(const std::string& path);
-  bool MayChangeEncoding(const std::string& path);
   JournalHead TextBelongsTo() const;
 
   platform::TextControl& m_control;
@@ -120,10 +124,9 @@ class Document : public platform::TextControlEvents {
   ViewKeeper m_view;
   NoPopups m_noPopups;
   PopupHost* m_popups = &m_noPopups;
+  FileOnDisk m_file;
   UndoHistory m_undo;
   Recovery m_recovery;
-  rich_text::TextEncoding m_encoding = rich_text::TextEncoding::Utf8;
-  bool m_hasMark = false;
 };
 
 /// The tools that concern a document; disabled when the last one closes.

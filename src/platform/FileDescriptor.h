@@ -66,4 +66,20 @@ inline bool Sync(int descriptor) {
   return result == 0 || errno == EINVAL || errno == ENOTSUP;
 }
 
+/// Whether the file gives back exactly these bytes.
+inline bool Holds(int descriptor, std::string_view bytes) {
+  std::string block(std::size_t{256} * 1024, '\0');
+  off_t offset = 0;
+  while (true) {
+    const ssize_t got = ::pread(descriptor, block.data(), block.size(), offset);
+    if (got < 0 && errno == EINTR) continue;
+    if (got < 0) return false;
+    const auto size = static_cast<std::size_t>(got);
+    if (bytes.substr(0, size) != std::string_view(block).substr(0, size)) return errno = EIO, false;
+    if (size == 0) return bytes.empty() || (errno = EIO, false);
+    bytes.remove_prefix(size);
+    offset += got;
+  }
+}
+
 }  // namespace platform

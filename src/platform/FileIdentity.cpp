@@ -135,7 +135,9 @@ FileLook LookAt(const std::string& path, const FileIdentity& known) {
   FileLook look{FileDifference::None, IdentityOfStatus(status)};
   look.Seen.Contents = known.Contents;
   if (known.Settled && look.Seen.HasStatusOf(known) && look.Seen.Changed == known.Changed) return look;
-  if (S_ISREG(status.st_mode) && AddContents(path, look.Seen) && look.Seen.HasContentsOf(known)) return look;
+  // What cannot be read, or is no file, has its status alone.
+  const bool isRead = S_ISREG(status.st_mode) && AddContents(path, look.Seen);
+  if (isRead ? look.Seen.HasContentsOf(known) : look.Seen.HasStatusOf(known)) return look;
   look.Difference = FileDifference::Changed;
   return look;
 }

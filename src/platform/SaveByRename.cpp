@@ -116,11 +116,8 @@ class RenameSave {
   SaveTry Fill() {
     if (!WriteAt(m_new.Get(), m_job.Bytes, 0)) return FailedTry();
     if (m_job.Exists && !ApplyAttributes(m_new.Get(), m_job.Attributes)) return {SaveStep::InPlace, "", {}};
-    if (!Sync(m_new.Get())) return FailedTry(SaveStep::SyncFailed);
-    struct stat status {};
-    if (::fstat(m_new.Get(), &status) != 0) return FailedTry();
-    if (static_cast<std::size_t>(status.st_size) == m_job.Bytes.size()) return {};
-    return {SaveStep::Failed, "the disk did not take all of it", {}};
+    if (!Sync(m_new.Get()) || !Holds(m_new.Get(), m_job.Bytes)) return FailedTry(SaveStep::SyncFailed);
+    return {};
   }
 
   SaveTry PlaceNew() {

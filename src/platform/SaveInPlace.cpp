@@ -85,17 +85,17 @@ class Copy {
 bool WriteContents(int descriptor, std::string_view bytes) {
   for (int tries = 0; tries < 2; ++tries) {
     if (!WriteAt(descriptor, bytes, 0) || ::ftruncate(descriptor, static_cast<off_t>(bytes.size())) != 0) return false;
-    if (Sync(descriptor)) return true;
+    if (Sync(descriptor) && Holds(descriptor, bytes)) return true;
   }
   return false;
 }
 
-bool IsFile(int descriptor, const struct stat& expected, struct stat& status) {
-  return ::fstat(descriptor, &status) == 0 && status.st_dev == expected.st_dev && status.st_ino == expected.st_ino;
-}
-
-bool HasTimes(const struct stat& a, const struct stat& b) {
-  return a.st_size == b.st_size && a.st_mtim.tv_sec == b.st_mtim.tv_sec && a.st_mtim.tv_nsec == b.st_mtim.tv_nsec;
+/// Whether the path still leads to the file that was opened, and nobody has written into it.
+bool IsUntouched(const std::string& path, const struct stat& opened) {
+  struct stat now {};
+  return ::lstat(path.c_str(), &now) == 0 && now.st_dev == opened.st_dev && now.st_ino == opened.st_ino &&
+         now.st_size == opened.st_size && now.st_mtim.tv_sec == opened.st_mtim.tv_sec &&
+         now.st_mtim.tv_nsec == opened.st_mtim.tv_nsec;
 }
 
 /// Puts the old contents back; tells where they are when even that fails.
@@ -113,26 +113,28 @@ SaveTry Restore(int descriptor, const SaveJob& job, std::string_view old, Copy& 
 }  // namespace
 
 SaveTry SaveInPlace(const SaveJob& job) {
+  const SaveTry changed{SaveStep::Changed, "", {}};
   const FileDescriptor file(::open(job.Target.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
   if (!file.IsOpen()) return FailedTry(errno == ENOENT ? SaveStep::Changed : SaveStep::Failed);
-  struct stat before {
-  }, now{};
-  if (!IsFile(file.Get(), job.Status, before)) return {SaveStep::Changed, "", {}};
+  struct stat status {};
+  if (::fstat(file.Get(), &status) != 0) return FailedTry();
+  if (status.st_dev != job.Status.st_dev || status.st_ino != job.Status.st_ino) return changed;
   const FileContent old = ReadDescriptor(file.Get());
   if (!old.Ok()) return {SaveStep::Failed, old.Error, {}};
-  if (job.Expected != nullptr && HashOf(old.Bytes) != job.Expected->Contents) return {SaveStep::Changed, "", {}};
+  if (job.Expected != nullptr && HashOf(old.Bytes) != job.Expected->Contents) return changed;
   Copy copy;
   if (!copy.Make(job.Target, old.Bytes)) return FailedTry();
-  if (job.Expected != nullptr && (!IsFile(file.Get(), job.Status, now) || !HasTimes(before, now))) {
+  if (!IsUntouched(job.Target, status)) {
     copy.Remove();
-    return {SaveStep::Changed, "", {}};
+    return changed;
   }
   if (!WriteContents(file.Get(), job.Bytes)) return Restore(file.Get(), job, old.Bytes, copy);
   ApplyAttributes(file.Get(), job.Attributes);  // writing takes set-id bits away
-  SaveTry done;
-  if (::fstat(file.Get(), &now) == 0) done.Written = IdentityOf(now, job.Bytes);
+  const bool isKnown = ::fstat(file.Get(), &status) == 0;
   copy.Remove();
-  return done;
+  // Another file may have taken the name while this one was written.
+  if (!isKnown || !IsUntouched(job.Target, status)) return changed;
+  return {SaveStep::Done, "", IdentityOf(status, job.Bytes)};
 }
 
 std::string CopyLeftBeside(const std::string& path) {

@@ -1,5 +1,6 @@
 #include "editor/ui/Mainwin.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -26,6 +27,11 @@ Mainwin::~Mainwin() = default;
 void Mainwin::Activated() {
   m_document->Activated();
   m_textArea->setFocus();
+  QTimer::singleShot(0, this, &Mainwin::CheckFile);  // a question belongs behind the change of windows
+}
+
+void Mainwin::CheckFile() {
+  if (!m_closed && !QApplication::activeModalWidget()) m_document->CheckFile();
 }
 
 std::string Mainwin::Caption() const {

@@ -34,6 +34,8 @@ class Mainwin : public QWidget, public shell::ChildWindow, public DocumentWindow
   void SetUseFont(std::int16_t useFont) { m_document->SetUseFont(useFont); }
   void EnableButtons() { m_document->EnableButtons(); }
   void Activated();
+  /// Looks whether another program changed the file, unless a dialog is up. For a frame that becomes active.
+  void CheckFile();
 
   std::string FormName() const override { return "Mainwin"; }
   std::string Caption() const override;

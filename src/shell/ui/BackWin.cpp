@@ -273,6 +273,14 @@ void BackWin::resizeEvent(QResizeEvent* event) {
   if (m_loaded) RememberPlace(*this, m_values.Settings.Frame);
 }
 
+// The user comes back from another program, which may have written the file.
+void BackWin::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() != QEvent::ActivationChange || !isActiveWindow()) return;
+  if (editor::ui::Mainwin* document = ActiveDocument())
+    QTimer::singleShot(0, document, &editor::ui::Mainwin::CheckFile);
+}
+
 void BackWin::dragEnterEvent(QDragEnterEvent* event) {
   if (event->mimeData()->hasUrls()) event->acceptProposedAction();
 }

@@ -1,0 +1,200 @@
+"""What a file has besides its contents, who may write it, and what is no file: kept, or refused with a reason."""
+
+import os
+import shutil
+import stat
+import subprocess
+
+from harness import ORDINARY, Skip, as_user
+
+OLD, NEW = b"old\n", b"new text\n"
+TAG = b"kept \x00 whole"
+
+
+class Cases:
+    """Saves one file after another and counts."""
+
+    def __init__(self, run):
+        self.run, self.count = run, 0
+        self.text = run.folder() / "new.txt"
+        self.text.write_bytes(NEW)
+        self.text.chmod(0o644)
+
+    def folder(self, mode=0o777):
+        made = self.run.folder()
+        made.chmod(mode)
+        return made
+
+    def file(self, folder, mode=0o644, owner=None):
+        path = folder / "script.txt"
+        path.write_bytes(OLD)
+        if owner is not None:
+            os.chown(path, owner, owner)
+        path.chmod(mode)
+        return path
+
+    def saves(self, what, path, prefix=(), real=None):
+        """The save succeeds and leaves nothing beside."""
+        before = sorted(os.listdir(path.parent))
+        result = self.run.save(path, self.text, prefix)
+        self.count += 1
+        self.run.check("saved" in result.lines, f"{what}: {result}")
+        self.run.check((real or path).read_bytes() == NEW, f"{what}: the file has not got the text")
+        after = sorted(os.listdir(path.parent))
+        self.run.check(set(after) - set(before) <= {(real or path).name}, f"{what}: {after} instead of {before}")
+
+    def refuses(self, what, path, reason, prefix=(), lines=None):
+        """The save fails with the reason; the caller checks what is there."""
+        before = sorted(os.listdir(path.parent)) if path.parent.is_dir() else None
+        result = self.run.play(lines or [f"text {self.text}", f"save {path}"], prefix, timeout=10)
+        self.count += 1
+        told = f"asked Could not save {path}  {reason}"
+        self.run.check("failed" in result.lines and told in result.lines, f"{what}: {result}, expected: {told}")
+        after = sorted(os.listdir(path.parent)) if path.parent.is_dir() else None
+        self.run.check(before == after, f"{what}: {after} instead of {before}")
+
+
+def links(cases):
+    run, folder = cases.run, cases.folder()
+    real = cases.file(folder)
+    (folder / "link").symlink_to("script.txt")
+    (folder / "second").symlink_to(folder / "link")
+    (folder / "dangling").symlink_to("born")
+    (folder / "loop").symlink_to("loop")
+    far = cases.folder()
+    (far / "far").symlink_to(folder / "second")
+    for name in (folder / "link", folder / "second", far / "far"):
+        real.write_bytes(OLD)
+        cases.saves(f"symbolic link {name.name}", name, real=real)
+        run.check(name.is_symlink() and not real.is_symlink(), f"{name.name} is no link any more")
+    result = run.play([f"text {cases.text}", f"save {folder / 'dangling'}"])
+    run.check("saved" in result.lines and (folder / "born").read_bytes() == NEW, f"a dangling link: {result}")
+    run.check((folder / "dangling").is_symlink(), "the dangling link is no link any more")
+    cases.refuses("a loop of links", folder / "loop", "Too many levels of symbolic links")
+    real.write_bytes(OLD)
+    os.link(real, folder / "hard")
+    cases.saves("hard link", folder / "hard", real=folder / "hard")
+    run.check(os.stat(real).st_ino == os.stat(folder / "hard").st_ino and real.read_bytes() == NEW,
+              "the hard links are two files now")
+    longest = folder / ("n" * 255)
+    longest.write_bytes(OLD)
+    os.link(longest, folder / "of-longest")
+    cases.saves("the longest of names, linked", longest)
+
+
+def no_files(cases):
+    run, folder = cases.run, cases.folder()
+    os.mkfifo(folder / "pipe")
+    cases.refuses("a pipe", folder / "pipe", "it is not a regular file")
+    opened = run.play([f"open {folder / 'pipe'}"], timeout=10)
+    run.check(f"asked Could not read {folder / 'pipe'}" in opened.lines, f"opening a pipe: {opened}")
+    cases.refuses("a folder", folder, "it is not a regular file")
+    cases.refuses("a full device", folder.__class__("/dev/full"), "it is not a regular file")
+    cases.refuses("a folder that is not there", folder / "gone" / "file", "No such file or directory")
+    gone = run.folder()
+    path = cases.file(gone)
+    with subprocess.Popen([run.driver], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True) as driver:
+        driver.stdin.write(f"open {path}\n")
+        driver.stdin.flush()
+        driver.stdout.readline()
+        shutil.rmtree(gone)
+        driver.stdin.write(f"text {cases.text}\nanswers Y\nsave {path}\n")
+        driver.stdin.close()
+        told = driver.stdout.read().splitlines()
+    run.check(f"asked Could not save {path}  No such file or directory" in told, f"a folder that vanished: {told}")
+    cases.count += 1
+
+
+def attributes(cases):
+    run = cases.run
+    for in_place in (False, True):
+        folder = cases.folder()
+        path = cases.file(folder)
+        if in_place:
+            os.link(path, folder / "second")
+        os.setxattr(path, "user.comment", TAG)
+        has_lists = shutil.which("setfacl") and subprocess.run(
+            ["setfacl", "-m", f"u:{ORDINARY}:rw,g:{ORDINARY}:r", str(path)], check=False).returncode == 0
+        if not has_lists:
+            run.skip("access lists: setfacl is not there or not permitted")
+        os.setxattr(path, "user.empty", b"")
+        path.chmod(0o6754)
+        os.utime(path, ns=(0, 1))
+        before, names = os.stat(path), sorted(os.listxattr(path))
+        values = {name: os.getxattr(path, name) for name in names}
+        cases.saves(f"attributes, in place: {in_place}", path)
+        after = os.stat(path)
+        run.check(stat.S_IMODE(after.st_mode) == 0o6754, f"the mode is {after.st_mode:o}")
+        run.check((before.st_uid, before.st_gid) == (after.st_uid, after.st_gid), "another owner")
+        run.check({name: os.getxattr(path, name) for name in os.listxattr(path)} == values, "attributes differ")
+        run.check((before.st_ino == after.st_ino) == in_place, "the other way of saving was taken")
+    folder = cases.folder()
+    if shutil.which("setfacl") and subprocess.run(["setfacl", "-d", "-m", f"u:{ORDINARY}:rwx", str(folder)],
+                                                  check=False).returncode == 0:
+        path = cases.file(folder)
+        os.removexattr(path, "system.posix_acl_access")
+        cases.saves("a folder whose list new files inherit", path)
+        run.check(not os.listxattr(path), f"the file has got {os.listxattr(path)}")
+    for mask in (0o022, 0o077):
+        new = cases.folder() / "new.txt"
+        old_mask = os.umask(mask)
+        run.play([f"text {cases.text}", f"save {new}"])
+        os.umask(old_mask)
+        run.check(stat.S_IMODE(os.stat(new).st_mode) == 0o666 & ~mask, f"a new file's mode is {os.stat(new).st_mode:o}")
+        cases.count += 1
+
+
+def owners(cases):
+    run = cases.run
+    if os.geteuid() != 0 or shutil.which("setpriv") is None:
+        raise Skip("files of other users need the administrator and setpriv")
+    foreign = cases.file(cases.folder(), 0o666, owner=1)
+    cases.saves("the administrator saves another's file", foreign)
+    run.check(os.stat(foreign).st_uid == 1, "the administrator has become the owner")
+    user = as_user()
+    own = cases.file(cases.folder(), 0o640, owner=ORDINARY)
+    cases.saves("an own file", own, user)
+    foreign = cases.file(cases.folder(), 0o666, owner=1)
+    cases.saves("another's file in an open folder", foreign, user)
+    run.check(os.stat(foreign).st_uid == 1, "another's file has changed hands")
+    sticky = cases.file(cases.folder(0o1777), 0o666, owner=1)
+    cases.saves("another's file in a shared folder", sticky, user)
+    run.check(os.stat(sticky).st_uid == 1, "another's file in a shared folder has changed hands")
+    locked = cases.folder()
+    path = cases.file(locked, 0o666, owner=ORDINARY)
+    locked.chmod(0o555)
+    cases.saves("a file in a read-only folder", path, user)
+    cases.refuses("a new file in a read-only folder", locked / "new", "Permission denied", user)
+    folder = cases.folder()
+    path = cases.file(folder, 0o444, owner=ORDINARY)
+    cases.refuses("a read-only file", path, "Permission denied", user)
+    run.check(path.read_bytes() == OLD, "a read-only file was written")
+    path = cases.file(cases.folder(), 0o644, owner=1)
+    cases.refuses("another's file", path, "Permission denied", user)
+    hidden = cases.folder()
+    path = cases.file(hidden, 0o666, owner=ORDINARY)
+    hidden.chmod(0o333)
+    cases.saves("a file in a folder that cannot be listed", path, user)
+    with subprocess.Popen([*user, run.driver], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True) as driver:
+        path = cases.file(cases.folder(), 0o644, owner=ORDINARY)
+        driver.stdin.write(f"open {path}\n")
+        driver.stdin.flush()
+        driver.stdout.readline()
+        os.chown(path, 1, 1)
+        driver.stdin.write(f"text {cases.text}\nsave {path}\n")
+        driver.stdin.close()
+        told = driver.stdout.read().splitlines()
+    run.check(f"asked Could not save {path}  Permission denied" in told and path.read_bytes() == OLD,
+              f"a permission that was lost: {told}")
+    cases.count += 1
+
+
+def keeps(run):
+    cases = Cases(run)
+    links(cases)
+    no_files(cases)
+    attributes(cases)
+    try:
+        owners(cases)
+    finally:
+        run.say(f"links, attributes, owners, special files: {cases.count} saves, each kept everything or said why not")

@@ -1,0 +1,151 @@
+// Another program changes, replaces or removes the file of an open document.
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include "editor/Document.h"
+#include "editor/TextDifference.h"
+#include "tests/laws/Dice.h"
+#include "tests/support/FakeFrame.h"
+#include "tests/support/MemoryTextControl.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace {
+
+using platform::PromptAnswer;
+
+class FileOnDiskTest : public testing::Test {
+ protected:
+  FileOnDiskTest() { m_document.OpenFile(m_path); }
+
+  void Expect(const std::string& text, PromptAnswer byDefault, PromptAnswer answer) {
+    m_frame.Questions.Expect({'"' + m_path + '"' + text, "Quillmark", platform::PromptButtons::YesNo,
+                              platform::PromptIcon::Question, byDefault},
+                             answer);
+  }
+  void Append(const std::string& text) {
+    m_control.SetSelStart(m_control.Length());
+    m_control.SetSelText(text);
+  }
+  bool Save() { return m_document.SaveFile(m_path); }
+
+  static constexpr const char* Changed = " has been changed by another program.";
+  static constexpr const char* Gone = " has been deleted or moved by another program.  Save it again?";
+
+  tests::TemporaryFolder m_folder;
+  std::string m_path = m_folder.Write("file", "first\nline\n");
+  tests::MemoryTextControl m_control;
+  tests::FakeFrame m_frame;
+  tests::FakeWindow m_window;
+  editor::Document m_document{m_control, m_frame, m_window};
+};
+
+TEST_F(FileOnDiskTest, ReloadingIsAnEditOfWhatDiffers) {
+  m_control.SetSelStart(2);
+  m_document.CheckFile();
+  m_folder.Write("file", "first\nother\nline\n");
+  Expect(Changed + std::string("  Reload it?"), PromptAnswer::Yes, PromptAnswer::Yes);
+  m_document.CheckFile();
+  EXPECT_EQ(m_control.Text(), "first\nother\nline\n");
+  EXPECT_EQ(m_control.SelStart(), 2u);
+  EXPECT_TRUE(m_document.State().Saved);
+  m_document.CheckFile();
+  Append("mine");
+  EXPECT_TRUE(Save()) << "nothing to ask after a reload";
+
+  m_folder.Write("file", "caf\xE9\n");
+  Append("!");
+  Expect(Changed + std::string("  Reload it?  Your own changes, not saved yet, then come back with Undo."),
+         PromptAnswer::No, PromptAnswer::Yes);
+  m_document.CheckFile();
+  EXPECT_EQ(m_control.Text(), "café\n");
+  EXPECT_TRUE(Save());
+  EXPECT_EQ(m_folder.Read("file"), "caf\xE9\n") << "the encoding is reloaded too";
+  m_document.Undo();
+  EXPECT_EQ(m_control.Text(), "first\nother\nline\nmine!");
+  EXPECT_FALSE(m_document.State().Saved);
+}
+
+TEST_F(FileOnDiskTest, AnAnswerHoldsForOneStateOfTheFile) {
+  m_folder.Write("file", "theirs");
+  Expect(Changed + std::string("  Reload it?"), PromptAnswer::Yes, PromptAnswer::No);
+  m_document.CheckFile();
+  EXPECT_FALSE(m_document.State().Saved) << "the text is in no file now";
+  m_document.CheckFile();
+  const std::string overwrite = Changed + std::string("  Overwrite it with the text of this window?");
+  Expect(overwrite, PromptAnswer::No, PromptAnswer::No);
+  EXPECT_FALSE(Save());
+  EXPECT_EQ(m_folder.Read("file"), "theirs");
+  Expect(overwrite, PromptAnswer::No, PromptAnswer::Yes);
+  EXPECT_TRUE(Save());
+  EXPECT_EQ(m_folder.Read("file"), "first\nline\n");
+  m_document.CheckFile();
+  EXPECT_TRUE(Save());
+}
+
+TEST_F(FileOnDiskTest, AnotherTimeOrInodeAloneIsNoChange) {
+  m_folder.Write("copy", "first\nline\n");
+  std::filesystem::rename(m_folder.Path("copy"), m_path);
+  m_document.CheckFile();
+  Append("!");
+  m_folder.Write("file", "first\nline\n");
+  EXPECT_TRUE(Save());
+  EXPECT_EQ(m_folder.Read("file"), "first\nline\n!");
+}
+
+TEST_F(FileOnDiskTest, AFileThatIsGoneIsSavedAgainOrKeptInTheWindow) {
+  std::filesystem::remove(m_path);
+  Expect(Gone, PromptAnswer::Yes, PromptAnswer::No);
+  m_document.CheckFile();
+  EXPECT_FALSE(m_document.State().Saved);
+  m_document.CheckFile();
+  EXPECT_TRUE(Save()) << "the user knows already";
+  std::filesystem::remove(m_path);
+  Expect(Gone, PromptAnswer::Yes, PromptAnswer::No);
+  EXPECT_FALSE(Save());
+  EXPECT_FALSE(std::filesystem::exists(m_path));
+  Expect(Gone, PromptAnswer::Yes, PromptAnswer::Yes);
+  m_document.CheckFile();
+  EXPECT_EQ(m_folder.Read("file"), "first\nline\n");
+  EXPECT_TRUE(m_document.State().Saved);
+}
+
+TEST_F(FileOnDiskTest, SavingUnderAnotherNameAsksOnlyTheChooser) {
+  const std::string other = m_folder.Write("other", "old");
+  EXPECT_TRUE(m_document.SaveFile(other));
+  EXPECT_EQ(m_folder.Read("other"), "first\nline\n");
+  m_folder.Write("file", "theirs");
+  m_document.CheckFile();  // is no longer this document's
+}
+
+TEST_F(FileOnDiskTest, ACopyThatABrokenSaveLeftIsTold) {
+  const std::string copy = m_folder.Write("file.quillmark-backup", "whole");
+  m_frame.Questions.Expect(
+      {"A save of \"" + m_path + "\" was broken off.  What the file held before it is in \"" + copy + "\".",
+       "Quillmark", platform::PromptButtons::Ok, platform::PromptIcon::Critical});
+  m_document.OpenFile(m_path);
+  EXPECT_EQ(m_frame.Questions.Unasked(), 0u);
+}
+
+TEST(TextDifference, RandomTextsDifferWhereTheRangeSays) {
+  laws::Dice dice(11);
+  const std::vector<std::string> pieces = {"a", "b", "\r", "\n", "\r\n", "é", "è", "€", "😀", "😁"};
+  const auto isInside = [](const std::string& text, std::size_t at) {
+    return at > 0 && at < text.size() && ((text[at] & 0xC0) == 0x80 || (text[at - 1] == '\r' && text[at] == '\n'));
+  };
+  for (int count = 0; count < 20'000; ++count) {
+    std::string texts[2];
+    for (std::string& text : texts)
+      for (std::size_t size = dice.Below(7); size > 0; --size) text += pieces[dice.Below(count % 2 ? 5 : 10)];
+    const editor::TextDifference d = editor::DifferenceOf(texts[0], texts[1]);
+    std::string changed = texts[0];
+    changed.replace(d.Start, d.OldEnd - d.Start, texts[1].substr(d.Start, d.NewEnd - d.Start));
+    ASSERT_EQ(changed, texts[1]);
+    ASSERT_EQ(d.IsEmpty(), texts[0] == texts[1]);
+    ASSERT_FALSE(isInside(texts[0], d.Start) || isInside(texts[1], d.Start) || isInside(texts[0], d.OldEnd) ||
+                 isInside(texts[1], d.NewEnd))
+        << texts[0] << '|' << texts[1];
+  }
+}
+
+}  // namespace

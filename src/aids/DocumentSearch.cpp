@@ -8,7 +8,6 @@
 namespace aids {
 namespace {
 
-
 using Match = TextSearch::Match;
 
 Match Moved(const Match& match, std::size_t by) {

@@ -5,7 +5,6 @@
 // Paths are UTF-8. Control, frame and window outlive the document, which is the control's only listener.
 
 #include <functional>
-#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>

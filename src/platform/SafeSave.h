@@ -1,10 +1,11 @@
 #pragma once
 // Writes a file so that neither a failure nor a kill nor a power cut costs what it held.
 //
-// The new content is written beside the file, synced, compared, and takes the file's place in one step; the folder is synced.
-// Mode, owner, access lists, extended attributes and symbolic links stay. Where another file in its place could not
-// keep something (hard links, a foreign owner, a folder that cannot be written), the file is written in place, after a
-// synced copy of it was made; a copy that outlives the program is the file's last whole content. Paths are UTF-8.
+// The new content is written beside the file, synced, compared, and takes the file's place in one step; the folder is
+// synced. Mode, owner, access lists, extended attributes and symbolic links stay. Where another file in its place could
+// not keep something (hard links, a foreign owner, a folder that cannot be written), the file is written in place,
+// after a synced copy of it was made; a copy that outlives the program is the file's last whole content. Paths are
+// UTF-8.
 
 #include <string>
 #include <string_view>

@@ -28,7 +28,7 @@ class FrameSteps {
   virtual void SetDefaults(bool resetToolbars) = 0;
   virtual void DeleteToolbarLayout() = 0;  ///< removes the layout file if there is one
   virtual void ResetToolbars() = 0;
-  virtual void Show() = 0;  ///< puts the frame on the screen
+  virtual void Show() = 0;              ///< puts the frame on the screen
   virtual void OfferUnsavedText() = 0;  ///< what an earlier run did not come to save
   virtual void OpenFile(const FileArgument& file) = 0;
   virtual void AttachHook() = 0;  ///< pop-ups follow the application's activation

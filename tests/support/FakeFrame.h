@@ -71,7 +71,7 @@ class FakeFrame : public editor::DocumentFrame {
   std::vector<std::string> Associations;                  ///< "extension name file"
   std::vector<std::string> Opened;
   std::map<std::string, bool, std::less<>> Enabled, Checked;
-  std::string Suggested;  ///< by the last chooser of a file to write
+  std::string Suggested;            ///< by the last chooser of a file to write
   std::string AskedType;            ///< type name and extension of the last file chooser
   std::vector<std::string> Clicks;  ///< tools run, and "TextPopup x,y"
   int TabUpdates = 0;

@@ -33,10 +33,10 @@ class HandOverListener;
 /// Where the frame finds what it keeps.
 struct FramePlaces {
   std::string ProgramFolder;
-  std::string StartFolder;     ///< relative paths begin here
-  std::string RegistryPath;    ///< the file with the settings
-  std::string InstanceFolder;  ///< where other starts reach this one, whose lock is held; "" for nowhere
-  std::string RecoveryFolder;  ///< where unsaved text is kept safe from a crash; "" for nowhere
+  std::string StartFolder;       ///< relative paths begin here
+  std::string RegistryPath;      ///< the file with the settings
+  std::string InstanceFolder;    ///< where other starts reach this one, whose lock is held; "" for nowhere
+  std::string RecoveryFolder{};  ///< where unsaved text is kept safe from a crash; "" for nowhere
 };
 
 class BackWin : public QMainWindow, private editor::DocumentFrame {

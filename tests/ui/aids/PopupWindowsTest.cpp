@@ -63,8 +63,8 @@ TEST_F(PopupWindows, TheTipBeginsUnderItsWord) {
 
 TEST_F(PopupWindows, AtTheEdgesOfTheScreenTheyStayVisible) {
   const QRect screen = m_frame.screen()->availableGeometry();
-  m_frame.resize(500, 300);
-  m_frame.move(screen.right() - 300, screen.bottom() - 200);
+  m_frame.resize(500, 450);
+  m_frame.move(screen.right() - 300, screen.bottom() - 350);
   Open("a.js", std::string(8, '\n') + std::string(30, ' '));
   for (const char* keys : {"setTimeout(", "document."}) {
     Type(QString::fromLatin1(keys));
@@ -74,7 +74,7 @@ TEST_F(PopupWindows, AtTheEdgesOfTheScreenTheyStayVisible) {
     EXPECT_FALSE(popup.geometry().intersects(CaretOnScreen())) << keys;
   }
   const QPoint before = List().pos() - CaretOnScreen().topLeft();
-  m_frame.move(screen.left() + 50, screen.bottom() - 250);
+  m_frame.move(screen.left() + 50, screen.bottom() - 350);
   EXPECT_EQ((List().pos() - CaretOnScreen().topLeft()).y(), before.y()) << "it follows the frame";
 }
 

@@ -137,8 +137,8 @@ TEST_F(RichTextBoxInput, InputMethodsTypeCharacterByCharacter) {
   EXPECT_EQ(m_box.Text(),
             "a\xE4\xBD\xA0\xF0\x9F\x98\x80"
             "b");
-  EXPECT_EQ(events.Take(), (List{"KeyPress 20320", "Change", "SelChange", "KeyPress 128512", "Change", "SelChange",
-                                 "KeyUp 0 0"}));
+  EXPECT_EQ(events.Take(),
+            (List{"KeyPress 20320", "Change", "SelChange", "KeyPress 128512", "Change", "SelChange", "KeyUp 0 0"}));
   QInputMethodEvent correction;
   correction.setCommitString(QStringLiteral("x"), -3, 3);
   QApplication::sendEvent(&m_box, &correction);

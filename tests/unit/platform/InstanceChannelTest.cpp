@@ -159,7 +159,7 @@ class RawClient {
 
 TEST(InstanceChannel, AHostileClientIsCutOff) {
   const tests::TemporaryFolder folder;
-  const RunningServer server(folder.Path(), 300ms);
+  const RunningServer server(folder.Path(), 1500ms);
   const std::string garbage("\xFF\xFE\0garbage\n", 11), endless(1 << 20, 'x');
   {
     RawClient client(folder.Path());

@@ -1,0 +1,409 @@
+#!/usr/bin/env python3
+"""Compares the templates that ship with another highlighter: templates.py [OPTION…] [TEMPLATE…].
+
+For each template that ships and that KDE's highlighter has a definition for, real source files are coloured with
+quillmark-colour and with KDE's kate-syntax-highlighter, and the two are compared character by character. Without names
+every template is compared; the last lines tell the average and the minimum. Ends with 1 when a row is below 90 % and
+REASONS has no reason for it, when a template stands in no table here, or when a row has no files.
+
+  --colourer PATH  another quillmark-colour than build/bin/quillmark-colour
+  --show NAME      of this template the most costly disagreements, and the first ones in context
+  --count N        how many of them (default 40)
+  --files          names the files that were taken
+
+What is compared. Blanks and line ends count for nothing. Every other character has one of four classes on either side:
+comment, string, keyword, other. The share is taken over the characters that at least one side puts into one of the
+first three classes: those on which both agree, divided by all of them. The three further columns are the same share over
+the characters that one side or the other puts into that class.
+
+KDE's side. Its theme is one of ours in which each of its 31 styles has a colour of its own, so the style of a character
+is read from its colour. CLASS_OF_STYLE says which styles are which class, for all languages alike. Where a definition
+draws a text between quotes in a style that has nothing to do with texts, STYLE_EXCEPTIONS says so. What has a
+colour that the definition itself fixes (a warning word in a comment) has the style of what stands before it.
+
+Our side. All templates share one palette; the place of the colour says the class: 1 comment, 2 string, 3 keyword.
+Colours 4 to 7 are words that the template knows as types, literals, directives, functions: they agree with KDE's
+keywords, because which of its groups a word of the language falls into is a question of taste, and they count as other
+everywhere else. For the same reason a word that we draw as a keyword and KDE as a type, a function, an operator … (the
+styles NAMED) is left out. The format cannot colour the quotes around a text (an included start word would be its own
+end), so what a range leaves out at its two ends counts as part of it.
+"""
+
+import argparse
+import collections
+import functools
+import glob
+import hashlib
+import html
+import json
+import os
+import pathlib
+import re
+import subprocess
+import sys
+import tarfile
+from concurrent.futures import ThreadPoolExecutor
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+BUILD = pathlib.Path(os.environ.get("QUILLMARK_BUILD_DIR", ROOT / "build"))
+DATA = BUILD / "template-sources"  # packages and the theme
+THEME = DATA / "theme"
+TEMPLATES = ROOT / "data" / "templates"
+
+MOST_FILES = 40
+MOST_BYTES = 2_000_000
+FILE_BYTES = range(200, 200_000)
+LONGEST_LINE = 1000  # a longer one was not written by hand
+LEFT_ALONE = "/usr/lib/google-cloud-sdk/"  # large, of no distribution, on few machines
+
+# Template: (KDE's definition, where its sources are). A place is a pattern on this machine, or npm:PACKAGE@VERSION/PATTERN,
+# or deb:PACKAGE/PATTERN: such a package is fetched when it is not there yet. "**" stands for any number of folders.
+LANGUAGES = {
+    "CSS": ("CSS", ["/usr/share/**/*.css", "/usr/lib/**/*.css"]),
+    "Cpp": ("C++", ["/usr/include/**/*.hpp", "/usr/include/qt6/**/*.h", "/usr/include/c++/**/*.h", "/usr/share/**/*.cpp"]),
+    "HTML": ("HTML", ["/usr/share/**/*.html"]),
+    "INI": ("INI Files", ["/usr/share/**/*.ini", "/usr/share/**/*.desktop", "/etc/**/*.ini", "/usr/lib/**/*.cfg"]),
+    "JSON": ("JSON", ["/usr/share/**/*.json", "/usr/lib/**/*.json"]),
+    "JavaScript": ("JavaScript", ["/usr/share/**/*.js", "/usr/lib/node_modules/**/*.js"]),
+    "Markdown": ("Markdown", ["/usr/share/**/*.md", "/usr/lib/**/*.md"]),
+    "Python": ("Python", ["/usr/lib/python3*/**/*.py", "/usr/share/**/*.py"]),
+    "SQL": ("SQL", ["/usr/share/**/*.sql", "/usr/lib/**/*.sql"]),
+    "Shell": ("Bash", ["/usr/share/**/*.sh", "/usr/lib/**/*.sh", "/etc/**/*.sh", "/usr/share/bash-completion/completions/*"]),
+    "TOML": ("TOML", ["/usr/share/**/*.toml", "/usr/lib/**/*.toml"]),
+    "TypeScript": ("TypeScript", ["npm:rxjs@7.8.1/src/internal/**/*.ts", "npm:ajv@8.12.0/lib/**/*.ts",
+                                  "npm:typescript@5.4.5/lib/*.d.ts", "npm:@types/node@20.11.0/*.d.ts"]),
+    "XML": ("XML", ["/usr/share/**/*.xml", "/usr/share/**/*.svg", "/usr/share/**/*.xsl", "/usr/share/**/*.xsd"]),
+    "YAML": ("YAML", ["/usr/share/**/*.yaml", "/usr/share/**/*.yml", "/usr/lib/**/*.yml", "/usr/lib/**/*.yaml"]),
+}
+
+# Templates that KDE has no definition for.
+WITHOUT_DEFINITION = set()
+
+# Why a template is below LEAST.
+REASONS = {}
+LEAST = 0.90
+
+OTHER, COMMENT, STRING, KEYWORD, WORD = range(5)
+CLASS_NAMES = ["other", "comment", "string", "keyword", "word"]
+COLOUR_CLASSES = [COMMENT, STRING, KEYWORD, WORD, WORD, WORD, WORD, OTHER]  # by place in the palette
+
+STYLES = """Normal Keyword Function Variable ControlFlow Operator BuiltIn Extension Preprocessor Attribute Char SpecialChar
+String VerbatimString SpecialString Import DataType DecVal BaseN Float Constant Comment Documentation Annotation CommentVar
+RegionMarker Information Warning Alert Error Others""".split()
+CLASS_OF_STYLE = {
+    **dict.fromkeys("Comment Documentation Annotation CommentVar RegionMarker Information Warning Alert".split(), COMMENT),
+    **dict.fromkeys("Char SpecialChar String VerbatimString SpecialString".split(), STRING),
+    **dict.fromkeys("Keyword ControlFlow".split(), KEYWORD),
+}
+NAMED = set("Function Variable Operator BuiltIn Extension Preprocessor Attribute Import DataType Constant Others".split())
+STYLE_EXCEPTIONS = {
+    "JSON": {"DataType": STRING},  # the names of members are texts between quotes
+}
+# By definition: (our class, KDE's style) of characters that both know but call by different names; they are left out.
+LEFT_OUT = {
+    "Python": {(STRING, "Comment")},  # a text that stands alone documents; no other comment is a text to us
+}
+
+
+# The sources.
+
+def package_folder(place):
+    """The folder of a place's package, fetched when it is missing; None when that fails."""
+    kind, rest = place.split(":", 1)
+    scope = re.match(r"(@[^/]+/)?[^/]+", rest).group()
+    folder = DATA / kind / scope.replace("/", "+")
+    if not folder.exists():
+        print(f"Fetching {kind}:{scope} …", file=sys.stderr, flush=True)
+        part = folder.with_name(folder.name + ".part")
+        part.mkdir(parents=True, exist_ok=True)
+        try:
+            if kind == "npm":
+                packed = subprocess.run(["npm", "pack", "--silent", scope], cwd=part, check=True, capture_output=True, text=True)
+                with tarfile.open(part / packed.stdout.split()[-1]) as archive:
+                    archive.extractall(part, filter="data")
+            else:
+                subprocess.run(["apt-get", "download", "-qq", scope], cwd=part, check=True, capture_output=True)
+                subprocess.run(["dpkg-deb", "-x", *glob.glob(str(part / "*.deb")), str(part)], check=True, capture_output=True)
+        except (subprocess.CalledProcessError, OSError, IndexError) as error:
+            print(f"{kind}:{scope} cannot be fetched: {error}", file=sys.stderr)
+            return None, None
+        part.rename(folder)
+    inside = rest[len(scope) + 1:]
+    root = folder if kind == "deb" else next(path for path in folder.iterdir() if path.is_dir())
+    return root, inside
+
+
+@functools.cache
+def files_below(folder):
+    return [os.path.join(where, name) for where, _, names in os.walk(folder) for name in names]
+
+
+def paths_of(place):
+    if place.startswith("/"):
+        root, pattern = pathlib.Path("/"), place[1:]
+    else:
+        root, pattern = package_folder(place)
+        if root is None:
+            return
+    fixed = pattern.split("*", 1)[0].rpartition("/")[0].split("/")[0]
+    if root == pathlib.Path("/"):  # /usr/share is walked once for all
+        fixed = "/".join(pattern.split("/")[:2]) if pattern.startswith("usr/") else fixed
+    wanted = re.compile(re.escape(f"{root}/".replace("//", "/")) +
+                        re.escape(pattern).replace(r"\*\*/", "(?:.*/)?").replace(r"\*", "[^/]*") + r"\Z")
+    for path in files_below(str(root / fixed)):
+        if wanted.match(path) and not path.startswith(LEFT_ALONE):
+            yield path
+
+
+def readable(path, digests):
+    """The text of a file that is fit for comparing: of a fair size, UTF-8, written by hand, seen for the first time."""
+    try:
+        if os.path.islink(path) or os.path.getsize(path) not in FILE_BYTES:
+            return None
+        content = pathlib.Path(path).read_bytes()
+        text = content.decode("utf-8")
+    except (OSError, UnicodeDecodeError):
+        return None
+    digest = hashlib.sha256(content).digest()
+    if digest in digests or "\0" in text or max(map(len, text.split("\n"))) > LONGEST_LINE:
+        return None
+    digests.add(digest)
+    return text
+
+
+def sources(places):
+    """Some files from all places, the same ones in each run on one machine: those whose names have the smallest hashes."""
+    by_place = []
+    for place in places:
+        # What changes with the checkout says nothing about the file.
+        paths = {path.replace(str(DATA), ""): path for path in paths_of(place)}
+        by_place.append([paths[name] for name in sorted(paths, key=lambda name: hashlib.md5(name.encode()).digest())])
+    digests, size, chosen = set(), 0, []
+    for turn in range(max(map(len, by_place), default=0)):
+        for paths in by_place:
+            text = readable(paths[turn], digests) if turn < len(paths) else None
+            if text is None:
+                continue
+            if len(chosen) == MOST_FILES or size + len(text) > MOST_BYTES:
+                return chosen
+            chosen.append((paths[turn], text))
+            size += len(text)
+    return chosen
+
+
+# Both sides: a text's characters that are no blanks, and a number for each: its class, or its style.
+
+SPAN = re.compile(r'<span style="color:#([0-9a-f]{6})[^>]*>(.*?)</span>|([^<]+|<)', re.DOTALL)
+
+
+def spans(page):
+    """(colour or None, text) along the text of a page."""
+    for span in SPAN.finditer(page[page.index("<pre>") + len("<pre>"):page.rindex("</pre>")]):
+        yield span[1], html.unescape(span[2] if span[1] else span[3])
+
+
+def without_blanks(text, numbers):
+    kept = [(character, number) for character, number in zip(text, numbers) if not character.isspace() and character != "\ufeff"]
+    return "".join(character for character, _ in kept), bytes(number for _, number in kept)
+
+
+class Template:
+    def __init__(self, name):
+        self.path = TEMPLATES / f"{name}.def"
+        self.classes, self.edges = {}, []
+        for line in self.path.read_text(encoding="utf-8").splitlines():
+            if line.startswith("C: "):
+                value = line[4:].strip()
+                self.classes.setdefault((value[4:6] + value[2:4] + value[0:2]).lower(), COLOUR_CLASSES[len(self.classes)])
+            fields = line[3:].split(" ")
+            if line.startswith("L: ") and len(fields) == 5 and fields[1] == "2" and fields[4] == "False":
+                self.edges.append((fields[0], fields[2]))
+        self.edges.sort(key=lambda edge: -len(edge[0]))
+
+    def classify(self, colourer, path):
+        command = [colourer, "--to", "html", "--fragment", "--template", str(self.path), path]
+        page = subprocess.run(command, check=True, capture_output=True, timeout=120).stdout.decode("utf-8")
+        text, numbers, texts = "", bytearray(), []
+        parts = []
+        place = 0
+        for colour, piece in spans(page):
+            number = self.classes.get(colour, OTHER)
+            if number in (COMMENT, STRING):
+                texts.append((place, place + len(piece), number))
+            parts.append(piece)
+            numbers += bytes([number]) * len(piece)
+            place += len(piece)
+        text = "".join(parts)
+        for start, end, number in texts:
+            self.add_edges(text, numbers, start, end, number)
+        return without_blanks(text, numbers)
+
+    def add_edges(self, text, numbers, start, end, number):
+        for first, last in self.edges:
+            if text.endswith(first, 0, start) and (text.startswith(last, end) or end == len(text)):
+                for i in [*range(start - len(first), start), *range(end, min(end + len(last), len(text)))]:
+                    if numbers[i] == OTHER:
+                        numbers[i] = number
+                return
+
+
+def write_theme():
+    """Makes the theme, before anything that reads it runs."""
+    file = THEME / "org.kde.syntax-highlighting" / "themes" / "styles.theme"
+    file.parent.mkdir(parents=True, exist_ok=True)
+    styles = {style: {"text-color": f"#f000{i:02x}"} for i, style in enumerate(STYLES)}
+    file.write_text(json.dumps({"metadata": {"name": "Styles", "revision": 1}, "editor-colors": {}, "text-styles": styles}))
+
+
+def classify_with_kde(definition, path):
+    command = ["kate-syntax-highlighter", "--theme", "Styles", "--syntax", definition, path]
+    environment = {**os.environ, "XDG_DATA_HOME": str(THEME), "QT_QPA_PLATFORM": "offscreen", "LC_ALL": "C.UTF-8"}
+    page = subprocess.run(command, check=True, capture_output=True, timeout=120, env=environment).stdout.decode("utf-8")
+    parts, numbers, style = [], bytearray(), 0
+    for colour, piece in spans(page):
+        if colour is None or colour.startswith("f000"):
+            style = int(colour[4:], 16) if colour else 0
+        parts.append(piece)
+        numbers += bytes([style]) * len(piece)
+    return without_blanks("".join(parts), numbers)
+
+
+# The comparison.
+
+def verdict(ours, style, exceptions):
+    """(whether both agree, the classes in question); None for a pair that does not count."""
+    theirs = exceptions.get(style, CLASS_OF_STYLE.get(style, OTHER))
+    if ours == WORD:
+        ours = KEYWORD if theirs == KEYWORD else OTHER
+    if ours == theirs == OTHER or (ours == KEYWORD and theirs == OTHER and style in NAMED):
+        return None
+    return ours == theirs, {ours, theirs} - {OTHER}
+
+
+class Comparison:
+    """One template over its files."""
+
+    def __init__(self, name, colourer):
+        self.definition, places = LANGUAGES[name]
+        self.template, self.colourer = Template(name), colourer
+        exceptions = STYLE_EXCEPTIONS.get(self.definition, {})
+        left_out = LEFT_OUT.get(self.definition, set())
+        self.verdicts = {(ours, i): None if (ours, style) in left_out else verdict(ours, style, exceptions)
+                         for ours in range(5) for i, style in enumerate(STYLES)}
+        self.name, self.files, self.bytes = name, [], 0
+        self.counts = collections.Counter()
+        with ThreadPoolExecutor(2) as pool:
+            for done in pool.map(self.compare, sources(places)):
+                if done is not None:
+                    self.add(*done)
+
+    def compare(self, source):
+        path, text = source
+        try:
+            ours, theirs = self.template.classify(self.colourer, path), classify_with_kde(self.definition, path)
+        except (subprocess.SubprocessError, OSError, ValueError) as error:
+            print(f"{path}: left out: {error}", file=sys.stderr)
+            return None
+        if ours[0] != theirs[0]:
+            print(f"{path}: left out: the two programs do not show the same text", file=sys.stderr)
+            return None
+        return path, text, ours[1], theirs[1]
+
+    def add(self, path, text, ours, theirs):
+        self.files.append((path, text, ours, theirs))
+        self.bytes += len(text.encode("utf-8"))
+        self.counts.update(zip(ours, theirs))
+
+    def share(self, wanted=None):
+        """The share of agreement, in all or in one class; None when there is no such character."""
+        counted = agreed = 0
+        for pair, count in self.counts.items():
+            found = self.verdicts[pair]
+            if found and (wanted is None or wanted in found[1]):
+                counted += count
+                agreed += count if found[0] else 0
+        return agreed / counted if counted else None
+
+    def disagreements(self):
+        """(path, text, first and end offset, our class, KDE's style), runs of equal ones together."""
+        for path, text, ours, theirs in self.files:
+            offsets = [i for i, character in enumerate(text) if not character.isspace() and character != "\ufeff"]
+            i = 0
+            while i < len(ours):
+                found = self.verdicts[ours[i], theirs[i]]
+                start = i
+                while i < len(ours) and (ours[i], theirs[i]) == (ours[start], theirs[start]):
+                    i += 1
+                if found and not found[0]:
+                    yield path, text, offsets[start], offsets[i - 1] + 1, CLASS_NAMES[ours[start]], STYLES[theirs[start]]
+
+    def show(self, count):
+        costs, shown = collections.Counter(), []
+        for path, text, start, end, ours, style in self.disagreements():
+            costs[text[start:end] if end - start < 30 else "(longer ones)", ours, style] += end - start
+            if len(shown) < count:
+                shown.append((path, text, start, end, ours, style))
+        print(f"{self.name}: the most costly disagreements, in characters")
+        for (word, ours, style), cost in costs.most_common(count):
+            print(f"  {cost:7}  we: {ours:8} KDE: {style:13} {word!r}")
+        print("The first ones:")
+        for path, text, start, end, ours, style in shown:
+            before = text[text.rfind("\n", 0, start) + 1:start][-60:]
+            after = text[end:end + 60].split("\n", 1)[0]
+            part = text[start:end] if end - start < 200 else f"{text[start:start + 90]} … {text[end - 90:end]}"
+            print(f"  {path}:{text.count(chr(10), 0, start) + 1}: we: {ours}, KDE: {style}\n    {before}⟦{part}⟧{after}")
+
+
+def percent(value):
+    return "   –  " if value is None else f"{value * 100:6.2f}"
+
+
+def report(names, options):
+    write_theme()
+    print(f"{'template':14} {'KDE':18} files      KB    agree  comment string keyword   of it, in %")
+    shares, failed = {}, False
+    for name in names:
+        row = Comparison(name, options.colourer)
+        share = row.share()
+        if share is None:
+            print(f"{name:14} {row.definition:18} no files")
+            failed = True
+            continue
+        shares[name] = share
+        reason = REASONS.get(name, "no reason is known") if share < LEAST else ""
+        failed = failed or (share < LEAST and name not in REASONS)
+        columns = " ".join(percent(row.share(wanted)) for wanted in (COMMENT, STRING, KEYWORD))
+        print(f"{name:14} {row.definition:18} {len(row.files):5} {row.bytes / 1000:7.0f}   {percent(share)}   {columns}  {reason}", flush=True)
+        if options.files:
+            print("\n".join(f"  {path}" for path, *_ in row.files))
+        if options.show == name:
+            row.show(options.count)
+    if shares:
+        least = min(shares, key=shares.get)
+        print(f"{len(shares)} templates: {percent(sum(shares.values()) / len(shares)).strip()} % on average, at least "
+              f"{percent(shares[least]).strip()} % ({least})")
+    return failed
+
+
+def main():
+    parser = argparse.ArgumentParser(description="Compares the templates that ship with KDE's highlighter.")
+    parser.add_argument("templates", nargs="*", metavar="TEMPLATE")
+    parser.add_argument("--colourer", default=str(BUILD / "bin" / "quillmark-colour"))
+    parser.add_argument("--show", metavar="NAME")
+    parser.add_argument("--count", type=int, default=40)
+    parser.add_argument("--files", action="store_true")
+    options = parser.parse_args()
+    shipped = sorted(path.stem for path in TEMPLATES.glob("*.def"))
+    names = options.templates or ([options.show] if options.show else [name for name in shipped if name in LANGUAGES])
+    if unknown := [name for name in names if name not in shipped or name not in LANGUAGES]:
+        print(f"No template that ships and can be compared: {', '.join(unknown)}", file=sys.stderr)
+        return 2
+    failed = report(names, options)
+    if forgotten := [name for name in shipped if name not in LANGUAGES and name not in WITHOUT_DEFINITION]:
+        print(f"In no table of bench/templates.py: {', '.join(forgotten)}", file=sys.stderr)
+        failed = True
+    return 1 if failed else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -18,15 +18,18 @@ the characters that one side or the other puts into that class.
 
 KDE's side. Its theme is one of ours in which each of its 31 styles has a colour of its own, so the style of a character
 is read from its colour. CLASS_OF_STYLE says which styles are which class, for all languages alike. Where a definition
-draws a text between quotes in a style that has nothing to do with texts, STYLE_EXCEPTIONS says so. What has a
-colour that the definition itself fixes (a warning word in a comment) has the style of what stands before it.
+draws a text between quotes in a style that has nothing to do with texts, STYLE_EXCEPTIONS says so. What has a colour
+that the definition itself fixes (a warning word in a comment) has the style of what stands before it. A keyword is a word:
+brackets and operators (SIGNS) that either side draws like keywords are other.
 
 Our side. All templates share one palette; the place of the colour says the class: 1 comment, 2 string, 3 keyword.
 Colours 4 to 7 are words that the template knows as types, literals, directives, functions: they agree with KDE's
 keywords, because which of its groups a word of the language falls into is a question of taste, and they count as other
 everywhere else. For the same reason a word that we draw as a keyword and KDE as a type, a function, an operator … (the
 styles NAMED) is left out. The format cannot colour the quotes around a text (an included start word would be its own
-end), so what a range leaves out at its two ends counts as part of it.
+end), so the quotes that a range leaves out at its two ends count as part of it. It cannot colour a value that is put into
+a text ("$name") either: where both sides have the same two ends of a text, what KDE draws in it as something else is left
+out.
 """
 
 import argparse
@@ -83,19 +86,21 @@ WITHOUT_DEFINITION = set()
 REASONS = {}
 LEAST = 0.90
 
-OTHER, COMMENT, STRING, KEYWORD, WORD = range(5)
-CLASS_NAMES = ["other", "comment", "string", "keyword", "word"]
+# WORD and INSIDE are ours alone: colours 4 to 7, and what stands inside a text whose two ends KDE has as well.
+OTHER, COMMENT, STRING, KEYWORD, WORD, INSIDE = range(6)
+CLASS_NAMES = ["other", "comment", "string", "keyword", "word", "string"]
 COLOUR_CLASSES = [COMMENT, STRING, KEYWORD, WORD, WORD, WORD, WORD, OTHER]  # by place in the palette
 
 STYLES = """Normal Keyword Function Variable ControlFlow Operator BuiltIn Extension Preprocessor Attribute Char SpecialChar
 String VerbatimString SpecialString Import DataType DecVal BaseN Float Constant Comment Documentation Annotation CommentVar
 RegionMarker Information Warning Alert Error Others""".split()
 CLASS_OF_STYLE = {
-    **dict.fromkeys("Comment Documentation Annotation CommentVar RegionMarker Information Warning Alert".split(), COMMENT),
+    **dict.fromkeys("Comment Documentation Annotation CommentVar RegionMarker Alert".split(), COMMENT),
     **dict.fromkeys("Char SpecialChar String VerbatimString SpecialString".split(), STRING),
     **dict.fromkeys("Keyword ControlFlow".split(), KEYWORD),
 }
-NAMED = set("Function Variable Operator BuiltIn Extension Preprocessor Attribute Import DataType Constant Others".split())
+NAMED = set("""Function Variable Operator BuiltIn Extension Preprocessor Attribute Import DataType Constant Information
+Warning Others""".split())
 STYLE_EXCEPTIONS = {
     "JSON": {"DataType": STRING},  # the names of members are texts between quotes
 }
@@ -207,6 +212,14 @@ def without_blanks(text, numbers):
     return "".join(character for character, _ in kept), bytes(number for _, number in kept)
 
 
+QUOTES = set("\"'`")
+SIGNS = set("()[]{}<>=/|&;:,.+*?%^~")
+
+
+def without_signs(text, number, instead):
+    return bytes(instead if character in SIGNS else number for character in text)
+
+
 class Template:
     def __init__(self, name):
         self.path = TEMPLATES / f"{name}.def"
@@ -217,7 +230,8 @@ class Template:
                 self.classes.setdefault((value[4:6] + value[2:4] + value[0:2]).lower(), COLOUR_CLASSES[len(self.classes)])
             fields = line[3:].split(" ")
             if line.startswith("L: ") and len(fields) == 5 and fields[1] == "2" and fields[4] == "False":
-                self.edges.append((fields[0], fields[2]))
+                if QUOTES & set(fields[0]) or not any(map(str.isalnum, fields[0])):
+                    self.edges.append((fields[0], fields[2]))
         self.edges.sort(key=lambda edge: -len(edge[0]))
 
     def classify(self, colourer, path):
@@ -231,7 +245,7 @@ class Template:
             if number in (COMMENT, STRING):
                 texts.append((place, place + len(piece), number))
             parts.append(piece)
-            numbers += bytes([number]) * len(piece)
+            numbers += without_signs(piece, number, OTHER) if number == KEYWORD else bytes([number]) * len(piece)
             place += len(piece)
         text = "".join(parts)
         for start, end, number in texts:
@@ -264,7 +278,8 @@ def classify_with_kde(definition, path):
         if colour is None or colour.startswith("f000"):
             style = int(colour[4:], 16) if colour else 0
         parts.append(piece)
-        numbers += bytes([style]) * len(piece)
+        keyword = CLASS_OF_STYLE.get(STYLES[style]) == KEYWORD
+        numbers += without_signs(piece, style, STYLES.index("Operator")) if keyword else bytes([style]) * len(piece)
     return without_blanks("".join(parts), numbers)
 
 
@@ -275,6 +290,8 @@ def verdict(ours, style, exceptions):
     theirs = exceptions.get(style, CLASS_OF_STYLE.get(style, OTHER))
     if ours == WORD:
         ours = KEYWORD if theirs == KEYWORD else OTHER
+    if ours == INSIDE:
+        return (True, {STRING}) if theirs == STRING else None
     if ours == theirs == OTHER or (ours == KEYWORD and theirs == OTHER and style in NAMED):
         return None
     return ours == theirs, {ours, theirs} - {OTHER}
@@ -289,7 +306,7 @@ class Comparison:
         exceptions = STYLE_EXCEPTIONS.get(self.definition, {})
         left_out = LEFT_OUT.get(self.definition, set())
         self.verdicts = {(ours, i): None if (ours, style) in left_out else verdict(ours, style, exceptions)
-                         for ours in range(5) for i, style in enumerate(STYLES)}
+                         for ours in range(len(CLASS_NAMES)) for i, style in enumerate(STYLES)}
         self.name, self.files, self.bytes = name, [], 0
         self.counts = collections.Counter()
         with ThreadPoolExecutor(2) as pool:
@@ -307,7 +324,20 @@ class Comparison:
         if ours[0] != theirs[0]:
             print(f"{path}: left out: the two programs do not show the same text", file=sys.stderr)
             return None
-        return path, text, ours[1], theirs[1]
+        return path, text, self.with_insides(ours[1], theirs[1]), theirs[1]
+
+    def with_insides(self, ours, theirs):
+        """Our classes, INSIDE for what stands in a text whose ends both sides have, and outside of which neither has one."""
+        is_string = bytes(self.verdicts[STRING, style] == (True, {STRING}) for style in range(len(STYLES)))
+        in_text = theirs.translate(is_string.ljust(256, b"\0"))
+        goes_on = bytes(style == "Variable" or is_string[i] for i, style in enumerate(STYLES)).ljust(256, b"\0")
+        marked = bytearray(ours)
+        for run in re.finditer(rb"\x02+", ours):
+            start, end = run.span()
+            outside = theirs[max(start - 1, 0):start] + theirs[end:end + 1]
+            if in_text[start] and in_text[end - 1] and not any(outside.translate(goes_on)):
+                marked[start:end] = bytes([INSIDE]) * (end - start)
+        return bytes(marked)
 
     def add(self, path, text, ours, theirs):
         self.files.append((path, text, ours, theirs))

@@ -1,0 +1,27 @@
+# Runs in cpack, on the staged files: what Debian wants otherwise than other systems. Manual pages are compressed, and the
+# changes stand in a file of Debian's own form, made from CHANGELOG.md.
+set(share ${CPACK_TEMPORARY_INSTALL_DIRECTORY}${CPACK_PACKAGING_INSTALL_PREFIX}/share)
+set(changelog ${share}/doc/quillmark/changelog)
+file(STRINGS ${CMAKE_CURRENT_LIST_DIR}/../CHANGELOG.md lines ENCODING UTF-8)
+
+set(changes "")
+foreach(line IN LISTS lines)
+  if(line MATCHES "^## ([0-9.]+)")
+    if(changes)
+      string(APPEND changes "\n -- SEAL\n\n")
+    endif()
+    string(APPEND changes "quillmark (${CMAKE_MATCH_1}) unstable; urgency=medium\n\n")
+  elseif(line MATCHES "^- (.*)")
+    string(APPEND changes "  * ${CMAKE_MATCH_1}\n")
+  elseif(line MATCHES "^  (.*)")
+    string(APPEND changes "    ${CMAKE_MATCH_1}\n")
+  endif()
+endforeach()
+file(WRITE ${changelog} "${changes}\n -- SEAL\n")
+execute_process(COMMAND fmt --tagged-paragraph --width=79 ${changelog} OUTPUT_VARIABLE changes COMMAND_ERROR_IS_FATAL ANY)
+string(TIMESTAMP now "%a, %d %b %Y %H:%M:%S +0000" UTC)
+string(REPLACE "-- SEAL" "-- ${CPACK_DEBIAN_PACKAGE_MAINTAINER}  ${now}" changes "${changes}")
+file(WRITE ${changelog} "${changes}")
+
+file(GLOB pages ${share}/man/man1/*.1)
+execute_process(COMMAND gzip -9 -n -f ${changelog} ${pages} COMMAND_ERROR_IS_FATAL ANY)

@@ -3,9 +3,9 @@
 // a key is found in constant time. Entries are shared, so that an entry stays valid while somebody still uses it; a
 // null entry is no entry and must not be added.
 //
-// Removing only marks the place; the marked places are closed up when a position is next asked for, so that neither a
-// row of replacements nor a walk by position costs the square of the entries. Reading is therefore for one thread. A
-// collection that was moved from is to be assigned, cleared or destroyed.
+// Removing only marks the place; the marked places are closed up when a position is next asked for or a walk begins, so
+// that neither a row of replacements nor a walk by position costs the square of the entries. Reading is therefore for
+// one thread. A collection that was moved from is to be assigned, cleared or destroyed.
 
 #include <algorithm>
 #include <cstddef>
@@ -26,6 +26,13 @@ class KeyedCollection {
  public:
   using Pointer = std::shared_ptr<Entry>;
 
+ private:
+  struct Slot {
+    Pointer Value;    ///< null when removed
+    std::string Key;  ///< folded; stays after the removal, until the place is closed up
+  };
+
+ public:
   std::size_t Count() const { return m_slots.size() - m_removed; }
   bool Empty() const { return Count() == 0; }
 
@@ -94,37 +101,30 @@ class KeyedCollection {
   std::uint64_t Version() const { return m_version; }
 
   /// Walks the entries in order: for (const auto& entry : collection) gives each Pointer. The collection must not
-  /// change meanwhile.
+  /// change meanwhile; looking entries up is allowed.
   class Iterator {
    public:
-    explicit Iterator(const KeyedCollection* owner, std::size_t place) : m_owner(owner), m_place(place) {
-      SkipRemoved();
-    }
-    const Pointer& operator*() const { return m_owner->m_slots[m_place].Value; }
+    explicit Iterator(const Slot* slot) : m_slot(slot) {}
+    const Pointer& operator*() const { return m_slot->Value; }
     Iterator& operator++() {
-      ++m_place;
-      SkipRemoved();
+      ++m_slot;
       return *this;
     }
     bool operator==(const Iterator&) const = default;
 
    private:
-    void SkipRemoved() {
-      while (m_place < m_owner->m_slots.size() && !m_owner->m_slots[m_place].Value) ++m_place;
-    }
-
-    const KeyedCollection* m_owner;
-    std::size_t m_place;
+    const Slot* m_slot;
   };
-  Iterator begin() const { return Iterator(this, 0); }
-  Iterator end() const { return Iterator(this, m_slots.size()); }
+  Iterator begin() const {
+    CloseUp();  // now, so that asking for a position during the walk moves nothing
+    return Iterator(m_slots.data());
+  }
+  Iterator end() const {
+    CloseUp();
+    return Iterator(m_slots.data() + m_slots.size());
+  }
 
  private:
-  struct Slot {
-    Pointer Value;    ///< null when removed
-    std::string Key;  ///< folded; stays after the removal, until the place is closed up
-  };
-
   static constexpr std::size_t NoPlace = static_cast<std::size_t>(-1);
 
   /// One cell of the hash table: a key's place in m_slots.

@@ -90,7 +90,10 @@ TEST(KeyedCollection, BehavesLikeAPlainList) {
         ASSERT_EQ(CodeOf([&] { collection.Item(place); }), 9);
     }
     std::size_t walked = 0;
-    for (const auto& each : collection) ASSERT_EQ(*each, plain.Entries.at(walked++).Value);
+    for (const auto& each : collection) {
+      ASSERT_EQ(*each, plain.Entries.at(walked++).Value);
+      ASSERT_EQ(collection.Item(walked), each) << "a look-up moves nothing under a walk";
+    }
     ASSERT_EQ(walked, plain.Entries.size());
   }
 }

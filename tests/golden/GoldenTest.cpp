@@ -1,6 +1,7 @@
-// Scripts and what the batch colourer must make of them, one folder a case: "script", "template.def" or "template" with
-// the name of one that ships, and "expected.rtf", "expected.html" or "expected.ansi". What differs is written under the
-// build folder; QUILLMARK_PROMOTE=<case> makes the actual output of that one case the expected one.
+// Scripts and what the batch colourer must make of them, one folder a case: "script", or "example" with the path of a
+// file under examples/; "template.def", or "template" with the name of one that ships; and "expected.rtf",
+// "expected.html" or "expected.ansi". What differs is written under the build folder; QUILLMARK_PROMOTE=<case> makes
+// the actual output of that one case the expected one.
 
 #include <gtest/gtest.h>
 
@@ -39,11 +40,21 @@ void WriteWhole(const fs::path& path, const std::string& bytes) {
   EXPECT_EQ(platform::WriteFile(path.string(), bytes), "") << path;
 }
 
+/// The one line of a file.
+std::string ReadName(const fs::path& path) {
+  std::string name = ReadWhole(path);
+  name.erase(name.find_last_not_of("\r\n") + 1);
+  return name;
+}
+
 std::string TemplateOf(const fs::path& folder) {
   if (fs::exists(folder / "template.def")) return (folder / "template.def").string();
-  std::string name = ReadWhole(folder / "template");
-  name.erase(name.find_last_not_of("\r\n") + 1);
-  return QUILLMARK_SOURCE_DIR "/data/templates/" + name + ".def";
+  return QUILLMARK_SOURCE_DIR "/data/templates/" + ReadName(folder / "template") + ".def";
+}
+
+std::string ScriptOf(const fs::path& folder) {
+  if (!fs::exists(folder / "example")) return (folder / "script").string();
+  return QUILLMARK_SOURCE_DIR "/examples/" + ReadName(folder / "example");
 }
 
 /// "line 3:" and both of its forms; "" for equal texts.
@@ -70,7 +81,7 @@ TEST_P(Golden, IsWhatTheColourerGives) {
     if (!fs::exists(folder / name)) continue;
     ++outputs;
     const tests::ProgramRun run = tests::RunProgram({QUILLMARK_COLOUR, "--strict", "--template", TemplateOf(folder),
-                                                     "--to", format, "--fragment", (folder / "script").string()});
+                                                     "--to", format, "--fragment", ScriptOf(folder)});
     EXPECT_EQ(run.Status, 0);
     EXPECT_EQ(run.Errors, "");
     if (promoted != nullptr && GetParam() == promoted) WriteWhole(folder / name, run.Output);
@@ -80,7 +91,7 @@ TEST_P(Golden, IsWhatTheColourerGives) {
     EXPECT_EQ(difference, "") << "all of it: " << actual << "\nQUILLMARK_PROMOTE=" << GetParam() << " accepts it";
     if (format != "rtf") continue;
     const rich_text::StyledText read = rich_text::ReadRtf(run.Output);
-    const std::string text = rich_text::DecodeText(ReadWhole(folder / "script")).Text;
+    const std::string text = rich_text::DecodeText(ReadWhole(ScriptOf(folder))).Text;
     EXPECT_TRUE(rich_text::EqualButForLineEnds(read.Text, text)) << "colours taken away give the text back";
   }
   EXPECT_GT(outputs, 0) << "no expected output in " << folder;

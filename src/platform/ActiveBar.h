@@ -62,16 +62,16 @@ struct DynamicTool {
   int Id = 0;
   std::string Caption = {};
   std::string Description = {};
-  std::string Tip = {};   ///< "" for the description
-  int Tag = 0;            ///< any number that the command needs
-  std::uint64_t Key = 0;  ///< of a tab: stays the same while the tab's tool is renamed and renumbered
+  std::string Tip = {};  ///< "" for the description
+  std::uint64_t Key =
+      0;  ///< what the tool stands for: stays the same while tools are renamed and renumbered; 0: nothing
   bool Checked = false;
   std::string Icon = {};
 };
 
 struct ToolState {
   int Id = 0;
-  int Tag = 0;
+  std::uint64_t Key = 0;  ///< of a dynamic tool
   std::string Caption;
   std::string Description;
   bool Enabled = false;

@@ -11,9 +11,8 @@ platform::DynamicTool ToolOf(const ListedTool& listed) {
           .Id = listed.Identifier,
           .Caption = listed.Caption,
           .Description = listed.Description,
-          .Tip = "",
-          .Tag = static_cast<int>(listed.Index),
-          .Key = 0,
+          .Tip = listed.Tip,
+          .Key = listed.Key,
           .Checked = listed.Checked,
           .Icon = ""};
 }
@@ -74,13 +73,8 @@ std::string FrameMenus::HistoryPath(const std::string& tool) const {
 void FrameMenus::UpdateWindowTabs(const std::vector<const ChildWindow*>& windows, const ChildWindow* active,
                                   const ChildWindow* excluded) {
   m_bar.ClearBand("WindowTabs");
-  for (const ListedTool& listed : WindowTabs(windows, active, excluded, m_prompts)) {
-    platform::DynamicTool tool = ToolOf(listed);
-    const ChildWindow& window = *windows[listed.Index];
-    tool.Tip = window.CurFileName().empty() ? window.Caption() : window.CurFileName();
-    tool.Key = reinterpret_cast<std::uintptr_t>(&window);
-    m_bar.AddTool("WindowTabs", tool);
-  }
+  for (const ListedTool& tool : WindowTabs(windows, active, excluded, m_prompts))
+    m_bar.AddTool("WindowTabs", ToolOf(tool));
   m_bar.RecalcLayout();
 }
 

@@ -26,7 +26,7 @@ class FrameMenus {
   /// The path of a tool "History" + number; "" for none.
   std::string HistoryPath(const std::string& tool) const;
 
-  /// Fills the strip of tabs; `windows` in the order in which they were opened. The tools' Tag is the window's index.
+  /// Fills the strip of tabs; `windows` in the order in which they were opened. The tools' Key is the WindowKey.
   void UpdateWindowTabs(const std::vector<const ChildWindow*>& windows, const ChildWindow* active,
                         const ChildWindow* excluded);
   /// Fills the Window menu, which is about to open, in the same manner.

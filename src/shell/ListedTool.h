@@ -2,6 +2,7 @@
 // An entry that a list puts on a band while the program runs: one for each template, window or file.
 
 #include <charconv>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -30,7 +31,8 @@ struct ListedTool {
   std::string Name;
   std::string Caption;
   std::string Description;
-  std::size_t Index = 0;  ///< what the entry stands for, counted from 0 in its list
+  std::string Tip = {};   ///< "" for the description
+  std::uint64_t Key = 0;  ///< of an entry for a window: its WindowKey
   bool Checked = false;
 };
 

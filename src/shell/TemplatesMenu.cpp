@@ -22,8 +22,7 @@ TemplatesMenu PopulateTemplates(const std::string& folder, templates::Template& 
     menu.Tools.push_back({.Identifier = TemplateToolBase + static_cast<int>(index) + 1,
                           .Name = std::string(TemplateTool) + std::to_string(index + 1),
                           .Caption = CaptionText(record.Name),
-                          .Description = NewDescription(record),
-                          .Index = index});
+                          .Description = NewDescription(record)});
     menu.List.push_back(std::move(record));
   }
   if (!defNewTemplate.Name.empty() && defNewTemplate.FileName.empty() && !menu.List.empty())

@@ -8,11 +8,23 @@ bool IsListed(const ChildWindow& window) {
   return name == "Mainwin" || name == "frmTemplate";
 }
 
+/// How a list words its entry for a window.
+using Captioned = std::string (*)(const ChildWindow& window, int number);
+
+std::string TabCaption(const ChildWindow& window, int) {
+  return CaptionText(window.Caption()) + (window.Saved() ? "" : " *");
+}
+
+std::string MenuCaption(const ChildWindow& window, int number) {
+  return "&" + std::to_string(number) + " " + CaptionText(window.Caption());
+}
+
 std::vector<ListedTool> List(const std::vector<const ChildWindow*>& windows, const ChildWindow* active,
-                             const ChildWindow* excluded, std::string_view prefix, platform::Prompts& prompts) {
+                             const ChildWindow* excluded, std::string_view prefix, Captioned captioned,
+                             platform::Prompts& prompts) {
   std::vector<ListedTool> tools;
-  for (std::size_t i = 0; i < windows.size(); ++i) {
-    const ChildWindow& window = *windows[i];
+  for (const ChildWindow* listed : windows) {
+    const ChildWindow& window = *listed;
     if (&window == excluded || !IsListed(window)) continue;
     if (tools.size() == MostListed) {
       prompts.Show({.Text = "A maximum of 1999 windows can be displayed",
@@ -23,9 +35,10 @@ std::vector<ListedTool> List(const std::vector<const ChildWindow*>& windows, con
     const int number = static_cast<int>(tools.size()) + 1;
     tools.push_back({.Identifier = WindowToolBase + number,
                      .Name = std::string(prefix) + std::to_string(number),
-                     .Caption = CaptionText(window.Caption()),
-                     .Description = window.CurFileName().empty() ? "Show this Window" : window.CurFileName(),
-                     .Index = i,
+                     .Caption = captioned(window, number),
+                     .Description = "Show this Window",
+                     .Tip = window.CurFileName().empty() ? window.Caption() : window.CurFileName(),
+                     .Key = WindowKey(window),
                      .Checked = &window == active});
   }
   return tools;
@@ -33,19 +46,18 @@ std::vector<ListedTool> List(const std::vector<const ChildWindow*>& windows, con
 
 }  // namespace
 
+std::uint64_t WindowKey(const ChildWindow& window) {
+  return reinterpret_cast<std::uintptr_t>(&window);
+}
+
 std::vector<ListedTool> WindowTabs(const std::vector<const ChildWindow*>& windows, const ChildWindow* active,
                                    const ChildWindow* excluded, platform::Prompts& prompts) {
-  std::vector<ListedTool> tools = List(windows, active, excluded, WindowTabTool, prompts);
-  for (ListedTool& tool : tools)
-    if (!windows[tool.Index]->Saved()) tool.Caption += " *";
-  return tools;
+  return List(windows, active, excluded, WindowTabTool, TabCaption, prompts);
 }
 
 std::vector<ListedTool> WindowMenu(const std::vector<const ChildWindow*>& windows, const ChildWindow* active,
                                    platform::Prompts& prompts) {
-  std::vector<ListedTool> tools = List(windows, active, nullptr, WindowMenuTool, prompts);
-  for (std::size_t i = 0; i < tools.size(); ++i) tools[i].Caption.insert(0, "&" + std::to_string(i + 1) + " ");
-  return tools;
+  return List(windows, active, nullptr, WindowMenuTool, MenuCaption, prompts);
 }
 
 }  // namespace shell

@@ -1,6 +1,7 @@
 #pragma once
 // The open windows as the tab strip and the Window menu list them.
 
+#include <cstdint>
 #include <vector>
 
 #include "platform/Prompts.h"
@@ -8,6 +9,9 @@
 #include "shell/ListedTool.h"
 
 namespace shell {
+
+/// What the entries of a window carry, and no other window has while it is open; never 0.
+std::uint64_t WindowKey(const ChildWindow& window);
 
 /// The tabs of the document and template editor windows among `windows` (in the order in which they were opened) but
 /// for `excluded`. More than MostListed are told to the user and left out.

@@ -37,7 +37,7 @@ class FakeBar : public platform::ActiveBar {
   void AddTool(std::string_view band, std::string_view tool) override { Added[std::string(band)].emplace_back(tool); }
   void AddTool(std::string_view band, const platform::DynamicTool& tool) override {
     Added[std::string(band)].push_back(tool.Name);
-    Tools[tool.Name] = {tool.Id, tool.Tag, tool.Caption, tool.Description, true, tool.Checked};
+    Tools[tool.Name] = {tool.Id, tool.Key, tool.Caption, tool.Description, true, tool.Checked};
   }
   void RecalcLayout() override {}
 

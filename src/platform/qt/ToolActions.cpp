@@ -143,7 +143,7 @@ ToolState ToolActions::State(std::string_view tool) const {
   const Entry* entry = EntryOf(tool);
   if (!entry) return {};
   return {.Id = entry->Id,
-          .Tag = entry->Dynamic ? entry->Dynamic->Tag : 0,
+          .Key = entry->Dynamic ? entry->Dynamic->Key : 0,
           .Caption = entry->Caption,
           .Description = entry->Description,
           .Enabled = entry->Action->isEnabled(),

@@ -133,22 +133,24 @@ void BackWin::BringToFront() {
 
 // Files.
 
-void BackWin::OpenFile(const std::string& path) {
-  if (!settings::MayOpen(path, m_prompts)) return;
+// The choice of a template may ask the user, and events run meanwhile.
+QPointer<editor::ui::Mainwin> BackWin::Open(const std::string& path) {
+  if (!settings::MayOpen(path, m_prompts)) return nullptr;
   m_menus.AddToHistory(path);
-  editor::ui::Mainwin* document = AddDocument();
+  const QPointer<editor::ui::Mainwin> document = AddDocument();
   const settings::ChosenTemplate chosen = settings::ChooseTemplate(
       path, {m_values.TemplateList, m_values.FileInfos, m_values.Settings, m_values.ProgramFolder}, m_prompts);
+  if (!document) return nullptr;
   if (chosen.TemplateChosen) document->SetTemplateChosen(true);
   document->SetTemplate(chosen.File, true);
-  if (document->Closed()) return;
+  if (!document || document->Closed()) return nullptr;
   document->OpenFile(path);
-  m_aids.LoadSynonyms(*document, chosen.Synonyms);
+  if (document) m_aids.LoadSynonyms(*document, chosen.Synonyms);
+  return document;
 }
 
 void BackWin::OpenFile(const FileArgument& file) {
-  OpenFile(file.FullPath);
-  editor::ui::Mainwin* document = ActiveDocument();
+  const QPointer<editor::ui::Mainwin> document = Open(file.FullPath);
   if (file.Line == 0 || !document || document->CurFileName() != file.FullPath) return;
   document->TextArea().SetSelStart(OffsetOf(document->TextArea(), file.Line, file.Column));
 }

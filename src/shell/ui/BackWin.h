@@ -4,6 +4,7 @@
 // Load and the closing do the program's start and end. A frame that is not loaded keeps nothing from run to run.
 
 #include <QMainWindow>
+#include <QPointer>
 #include <memory>
 
 #include "aids/ui/FrameAids.h"
@@ -54,7 +55,7 @@ class BackWin : public QMainWindow, private editor::DocumentFrame {
 
   /// Opens an existing file in a new document window, with its record's template, or its extension's, or one that the
   /// user chooses.
-  void OpenFile(const std::string& path) override;
+  void OpenFile(const std::string& path) override { Open(path); }
   /// The same, with the caret where the argument says.
   void OpenFile(const FileArgument& file);
 
@@ -111,6 +112,8 @@ class BackWin : public QMainWindow, private editor::DocumentFrame {
   void ShowTextPopup(int x, int y) override;
 
   // Windows.
+  /// The new window; null when the file may not be opened or the window has closed while the user was asked.
+  QPointer<editor::ui::Mainwin> Open(const std::string& path);
   editor::ui::Mainwin* AddDocument();
   void WindowActivated(QMdiSubWindow* window);
   void WindowCloses(editor::ui::Mainwin& document);
@@ -129,8 +132,8 @@ class BackWin : public QMainWindow, private editor::DocumentFrame {
   // Commands.
   platform::ActiveBarEvents BarEvents();
   void BandOpens(const std::string& band);
-  /// Which window a tab or an entry of the Window menu stands for.
-  std::size_t IndexOf(const std::string& windowTool) const;
+  /// The key of the window that a tab or an entry of the Window menu stands for.
+  std::uint64_t WindowOf(const std::string& tool) const { return m_bar.Tool(tool).Key; }
   void BindCommands();
   void BindFileCommands();
   void BindEditCommands();
@@ -146,7 +149,6 @@ class BackWin : public QMainWindow, private editor::DocumentFrame {
   bool Confirmed(const std::string& question);
   void WordWrap(editor::ui::Mainwin& document);
   void RefreshColouring(editor::ui::Mainwin& document);
-  void ChooseFont(const std::string& tool, editor::ui::Mainwin& document);
   void OpenByDialog();
   void NewFromTemplate(const std::string& tool);
   void ShowAbout();

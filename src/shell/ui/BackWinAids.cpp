@@ -21,7 +21,12 @@ void BackWin::BindAidCommands() {
   });
   BindDocument("GenPrev", [this](Document& document) { m_aids.GenerateJavaScriptPreview(document); });
   BindDocument("SaveExec", [this](Document& document) { m_aids.SaveExec(document); });
-  BindDocument("WordHelp", [this](Document& document) { m_aids.ShowWordHelp(document); });
+  m_commands.Bind("WordHelp", [this](const std::string&) {
+    if (Document* document = ActiveDocument())
+      m_aids.ShowWordHelp(*document);
+    else
+      m_commands.Run("miHContents");
+  });
 }
 
 void BackWin::BindSettingsCommands() {
@@ -44,8 +49,10 @@ void BackWin::BindSettingsCommands() {
 }
 
 void BackWin::EveryDocument(const std::function<void(editor::ui::Mainwin&)>& action) {
-  for (editor::ui::Mainwin* document : m_windows->findChildren<editor::ui::Mainwin*>())
-    if (!document->Closed()) action(*document);
+  QList<QPointer<editor::ui::Mainwin>> documents;  // colouring lets events run, in which one of them may go
+  for (editor::ui::Mainwin* document : m_windows->findChildren<editor::ui::Mainwin*>()) documents.append(document);
+  for (const QPointer<editor::ui::Mainwin>& document : documents)
+    if (document && !document->Closed()) action(*document);
   FocusChild();
 }
 

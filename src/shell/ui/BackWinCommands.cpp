@@ -17,7 +17,7 @@ void BackWin::ActiveBar_ToolClick(const std::string& name) {
 
 platform::ActiveBarEvents BackWin::BarEvents() {
   return {.ToolClick = [this](const std::string& tool) { ActiveBar_ToolClick(tool); },
-          .ToolClose = [this](const std::string& tool) { m_windows->Close(IndexOf(tool)); },
+          .ToolClose = [this](const std::string& tool) { m_windows->Close(WindowOf(tool)); },
           .BandOpen = [this](const std::string& band) { BandOpens(band); },
           .FileDropped = [this](const std::string& path) { OpenDropped(path); },
           .ResetBand = [this](const std::string& band) { m_layout.ResetBand(band); },
@@ -74,8 +74,9 @@ void BackWin::BindEditCommands() {
   BindDocument("miSelectAll", [](editor::ui::Mainwin& document) { document.TextArea().SelectAll(); });
   BindDocument("miWordWrap", [this](editor::ui::Mainwin& document) { WordWrap(document); });
   BindDocument("miRefresh", [this](editor::ui::Mainwin& document) { RefreshColouring(document); });
+  std::int16_t useFont = 0;
   for (const char* font : {"fntProportional", "fntFixedWidth", "fntDOS"})
-    BindDocument(font, [this, font](editor::ui::Mainwin& document) { ChooseFont(font, document); });
+    BindDocument(font, [number = ++useFont](editor::ui::Mainwin& document) { document.SetUseFont(number); });
 }
 
 void BackWin::BindWindowCommands() {
@@ -83,7 +84,7 @@ void BackWin::BindWindowCommands() {
   m_commands.Bind("miWTileV", [this](const std::string&) { m_windows->TileVertically(); });
   m_commands.Bind("miWCascade", [this](const std::string&) { m_windows->Cascade(); });
   m_commands.Bind("miWTileA", [this](const std::string&) { m_windows->ArrangeMinimised(); });
-  const auto activate = [this](const std::string& tool) { m_windows->Activate(IndexOf(tool)); };
+  const auto activate = [this](const std::string& tool) { m_windows->Activate(WindowOf(tool)); };
   m_commands.Bind(WindowTabTool, activate);
   m_commands.Bind(WindowMenuTool, activate);
   m_commands.Bind("Reset", [this](const std::string&) {
@@ -96,10 +97,6 @@ void BackWin::BindWindowCommands() {
 
 void BackWin::BindHelpCommands() {
   m_commands.Bind("miHAbout", [this](const std::string&) { ShowAbout(); });
-}
-
-std::size_t BackWin::IndexOf(const std::string& windowTool) const {
-  return static_cast<std::size_t>(m_bar.Tool(windowTool).Tag);
 }
 
 bool BackWin::Confirmed(const std::string& question) {
@@ -124,15 +121,6 @@ void BackWin::RefreshColouring(editor::ui::Mainwin& document) {
   m_values.Settings.UseColours = true;
   document.ColourScan();
   m_values.Settings.UseColours = useColours;
-}
-
-void BackWin::ChooseFont(const std::string& tool, editor::ui::Mainwin& document) {
-  std::int16_t useFont = 0;
-  for (const char* font : {"fntProportional", "fntFixedWidth", "fntDOS"}) {
-    m_bar.Check(font, tool == font);
-    ++useFont;
-    if (tool == font) document.SetUseFont(useFont);
-  }
 }
 
 void BackWin::OpenByDialog() {

@@ -1,8 +1,10 @@
 #include "shell/ui/FrameWindows.h"
 
 #include <QMdiSubWindow>
+#include <QPointer>
 #include <algorithm>
 
+#include "shell/WindowList.h"
 #include "shell/WindowTiles.h"
 #include "shell/ui/WindowKeys.h"
 
@@ -69,26 +71,29 @@ ChildWindow* FrameWindows::Active() const {
   return ChildIn(currentSubWindow());
 }
 
-QMdiSubWindow* FrameWindows::At(std::size_t index) const {
+QMdiSubWindow* FrameWindows::WindowOf(std::uint64_t key) const {
   for (QMdiSubWindow* window : subWindowList(CreationOrder))
-    if (ChildIn(window) && index-- == 0) return window;
+    if (const ChildWindow* child = ChildIn(window); child && WindowKey(*child) == key) return window;
   return nullptr;
 }
 
-void FrameWindows::Activate(std::size_t index) {
-  QMdiSubWindow* window = At(index);
+void FrameWindows::Activate(std::uint64_t key) {
+  QMdiSubWindow* window = WindowOf(key);
   if (!window) return;
   if (window->isMinimized()) window->showNormal();
   setActiveSubWindow(window);
 }
 
-void FrameWindows::Close(std::size_t index) {
-  if (QMdiSubWindow* window = At(index)) window->close();
+void FrameWindows::Close(std::uint64_t key) {
+  if (QMdiSubWindow* window = WindowOf(key)) window->close();
 }
 
+// The question of one window lets events run, in which another may go.
 bool FrameWindows::CloseAll() {
-  for (QMdiSubWindow* window : subWindowList(CreationOrder))
-    if (!window->close()) return false;
+  QList<QPointer<QMdiSubWindow>> windows;
+  for (QMdiSubWindow* window : subWindowList(CreationOrder)) windows.append(window);
+  for (const QPointer<QMdiSubWindow>& window : windows)
+    if (window && !window->close()) return false;
   return true;
 }
 

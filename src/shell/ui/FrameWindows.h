@@ -2,6 +2,7 @@
 // The child windows inside the frame: made, listed, brought to the front, arranged and closed.
 
 #include <QMdiArea>
+#include <cstdint>
 #include <vector>
 
 #include "shell/ChildWindow.h"
@@ -25,9 +26,9 @@ class FrameWindows : public QMdiArea {
   /// The one in front, null when there is none.
   ChildWindow* Active() const;
 
-  /// By the index in Windows(); any other index does nothing.
-  void Activate(std::size_t index);
-  void Close(std::size_t index);
+  /// By the WindowKey; a window that has gone meanwhile is passed over.
+  void Activate(std::uint64_t key);
+  void Close(std::uint64_t key);
   /// Closes one after another until one of them wants to stay; true when all have gone.
   bool CloseAll();
 
@@ -39,7 +40,7 @@ class FrameWindows : public QMdiArea {
  private:
   QList<QMdiSubWindow*> Arrangeable() const;
   QSize TileArea() const;
-  QMdiSubWindow* At(std::size_t index) const;
+  QMdiSubWindow* WindowOf(std::uint64_t key) const;
 };
 
 /// The child that a window shows, null for none.

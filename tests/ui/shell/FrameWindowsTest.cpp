@@ -8,6 +8,8 @@
 #include <QMdiSubWindow>
 #include <QTest>
 
+#include "shell/WindowList.h"
+
 namespace {
 
 using shell::ui::ChildIn;
@@ -60,11 +62,11 @@ TEST_F(FrameWindowsTest, NewWindowsTakeTheActiveOnesState) {
   Window(second)->showNormal();
   Child* third = Add("c");
   EXPECT_FALSE(Window(third)->isMaximized());
-  m_windows.Activate(0);
+  m_windows.Activate(shell::WindowKey(*m_windows.Windows()[0]));
   EXPECT_EQ(m_windows.Active()->Caption(), "a");
   EXPECT_EQ(Names(), "abc");  // as opened, whatever lies in front
-  m_windows.Close(1);
-  m_windows.Close(7);
+  m_windows.Close(shell::WindowKey(*m_windows.Windows()[1]));
+  m_windows.Close(0);
   EXPECT_EQ(Names(), "ac");
 }
 
@@ -118,7 +120,7 @@ TEST_F(FrameWindowsTest, IconsStandInARowAndOutOfTheTilesWay) {
   EXPECT_FALSE(Window(third)->isMaximized());
   EXPECT_FALSE(Window(third)->geometry().intersects(Window(first)->geometry()));
   EXPECT_TRUE(Window(first)->isMinimized());
-  m_windows.Activate(0);
+  m_windows.Activate(shell::WindowKey(*m_windows.Windows()[0]));
   EXPECT_FALSE(Window(first)->isMinimized());
 }
 

@@ -58,8 +58,8 @@ class StandIn : public ChildWindow {
 std::string Describe(const std::vector<ListedTool>& tools) {
   std::string all;
   for (const ListedTool& tool : tools)
-    all += std::to_string(tool.Identifier) + ' ' + tool.Name + ' ' + tool.Caption + ' ' + std::to_string(tool.Index) +
-           (tool.Checked ? " checked\n" : "\n");
+    all +=
+        std::to_string(tool.Identifier) + ' ' + tool.Name + ' ' + tool.Caption + (tool.Checked ? " checked\n" : "\n");
   return all;
 }
 
@@ -68,10 +68,11 @@ TEST(WindowList, TabsAndMenuListTheWindows) {
   const StandIn first("Mainwin", "a&b.js", true), other("frmOptions", "no", true), second("frmTemplate", "T", false),
       third("Mainwin", "c", true);
   const std::vector<const ChildWindow*> windows = {&first, &other, &second, &third};
-  EXPECT_EQ(Describe(WindowTabs(windows, &second, &first, prompts)),
-            "3001 tbWList1 T * 2 checked\n3002 tbWList2 c 3\n");
+  EXPECT_EQ(Describe(WindowTabs(windows, &second, &first, prompts)), "3001 tbWList1 T * checked\n3002 tbWList2 c\n");
   EXPECT_EQ(Describe(WindowMenu(windows, &third, prompts)),
-            "3001 miWList1 &1 a&&b.js 0\n3002 miWList2 &2 T 2\n3003 miWList3 &3 c 3 checked\n");
+            "3001 miWList1 &1 a&&b.js\n3002 miWList2 &2 T\n3003 miWList3 &3 c checked\n");
+  EXPECT_EQ(WindowMenu(windows, &third, prompts)[1].Key, WindowKey(second));
+  EXPECT_EQ(WindowTabs(windows, &third, nullptr, prompts)[0].Tip, "/x/a&b.js");
 
   std::vector<const ChildWindow*> many(2001, &first);
   for (int i = 0; i < 2; ++i)
@@ -104,7 +105,7 @@ TEST(TemplatesMenu, TheNewDocumentTemplateFollowsItsName) {
     const TemplatesMenu menu = PopulateTemplates(folder.Path(), chosen, prompts);
     EXPECT_EQ(chosen.Name, c.Name);
     EXPECT_EQ(chosen.FileName, folder.Path(c.File)) << c.Before.Name;
-    EXPECT_EQ(Describe(menu.Tools), "1001 Template1 One 0\n1002 Template2 Two && Half 1\n1003 Template3 One 2\n");
+    EXPECT_EQ(Describe(menu.Tools), "1001 Template1 One\n1002 Template2 Two && Half\n1003 Template3 One\n");
     EXPECT_TRUE(menu.Complete);
   }
   templates::Template none{"Kept", "", ""};

@@ -68,8 +68,12 @@ LANGUAGES = {
     "INI": ("INI Files", ["/usr/share/**/*.ini", "/usr/share/**/*.desktop", "/etc/**/*.ini", "/usr/lib/**/*.cfg"]),
     "JSON": ("JSON", ["/usr/share/**/*.json", "/usr/lib/**/*.json"]),
     "JavaScript": ("JavaScript", ["/usr/share/**/*.js", "/usr/lib/node_modules/**/*.js"]),
+    "Matlab": ("Octave", ["deb:octave-common/usr/share/octave/**/*.m", "deb:octave-statistics/usr/**/*.m", "deb:octave-signal/usr/**/*.m",
+                          "deb:octave-control/usr/**/*.m", "deb:octave-image/usr/**/*.m"]),
     "Markdown": ("Markdown", ["/usr/share/**/*.md", "/usr/lib/**/*.md"]),
     "Python": ("Python", ["/usr/lib/python3*/**/*.py", "/usr/share/**/*.py"]),
+    "R": ("R Script", ["deb:r-base-core/usr/**/*.R", "deb:r-cran-mass/usr/**/*.R", "deb:r-cran-survival/usr/**/*.R",
+                       "deb:r-cran-shiny/usr/**/*.R", "deb:r-cran-knitr/usr/**/*.R"]),
     "SQL": ("SQL", ["/usr/share/**/*.sql", "/usr/lib/**/*.sql"]),
     "Shell": ("Bash", ["/usr/share/**/*.sh", "/usr/lib/**/*.sh", "/etc/**/*.sh", "/usr/share/bash-completion/completions/*"]),
     "TOML": ("TOML", ["/usr/share/**/*.toml", "/usr/lib/**/*.toml"]),
@@ -103,6 +107,7 @@ NAMED = set("""Function Variable Operator BuiltIn Extension Preprocessor Attribu
 Warning Others""".split())
 STYLE_EXCEPTIONS = {
     "JSON": {"DataType": STRING},  # the names of members are texts between quotes
+    "R Script": {"SpecialChar": OTHER},  # operators
 }
 # By definition: (our class, KDE's style) of characters that both know but call by different names; they are left out.
 LEFT_OUT = {

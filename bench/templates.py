@@ -64,6 +64,9 @@ LEFT_ALONE = "/usr/lib/google-cloud-sdk/"  # large, of no distribution, on few m
 LANGUAGES = {
     "CSS": ("CSS", ["/usr/share/**/*.css", "/usr/lib/**/*.css"]),
     "Cpp": ("C++", ["/usr/include/**/*.hpp", "/usr/include/qt6/**/*.h", "/usr/include/c++/**/*.h", "/usr/share/**/*.cpp"]),
+    "Fortran": ("Fortran (Free Format)", ["deb:libpetsc3.18-dev-examples/usr/**/*.F90", "deb:fortran-language-server/usr/**/*.f90",
+                                          "deb:plplot-doc/usr/**/*.f90", "deb:libhdf5-doc/usr/**/*.f90",
+                                          "deb:python3-numpy/usr/**/*.f90"]),
     "HTML": ("HTML", ["/usr/share/**/*.html"]),
     "INI": ("INI Files", ["/usr/share/**/*.ini", "/usr/share/**/*.desktop", "/etc/**/*.ini", "/usr/lib/**/*.cfg"]),
     "JSON": ("JSON", ["/usr/share/**/*.json", "/usr/lib/**/*.json"]),
@@ -71,6 +74,7 @@ LANGUAGES = {
     "Matlab": ("Octave", ["deb:octave-common/usr/share/octave/**/*.m", "deb:octave-statistics/usr/**/*.m", "deb:octave-signal/usr/**/*.m",
                           "deb:octave-control/usr/**/*.m", "deb:octave-image/usr/**/*.m"]),
     "Markdown": ("Markdown", ["/usr/share/**/*.md", "/usr/lib/**/*.md"]),
+    "Pascal": ("Pascal", ["deb:fpc-source-3.2.2/usr/share/fpcsrc/**/*.pp", "deb:fpc-source-3.2.2/usr/share/fpcsrc/**/*.pas"]),
     "Python": ("Python", ["/usr/lib/python3*/**/*.py", "/usr/share/**/*.py"]),
     "R": ("R Script", ["deb:r-base-core/usr/**/*.R", "deb:r-cran-mass/usr/**/*.R", "deb:r-cran-survival/usr/**/*.R",
                        "deb:r-cran-shiny/usr/**/*.R", "deb:r-cran-knitr/usr/**/*.R"]),

@@ -1,11 +1,17 @@
 #include "aids/FindDialog.h"
 
+#include <utility>
+
 namespace aids {
 namespace {
 
 enum DirectionEntry { All, Up, Down };
 
 }  // namespace
+
+void FindDialog::SetParentForm(SearchedDocument* document) {
+  if (std::exchange(m_parentForm, document) != document) FindWordEdited();
+}
 
 void FindDialog::ShowFind() {
   m_replaceMode = false;
@@ -17,8 +23,8 @@ void FindDialog::ShowReplace() {
 }
 
 FindFields FindDialog::Remembered(FindFields fields) const {
-  if (!ParentForm) return fields;
-  const DocumentSearch& search = ParentForm->Search();
+  if (!m_parentForm) return fields;
+  const DocumentSearch& search = m_parentForm->Search();
   fields.FindWord = search.PreviousFindWord;
   fields.MatchCase = search.PreviousCaseSense;
   fields.WholeWord = search.PreviousWholeWord;
@@ -44,9 +50,9 @@ std::int32_t FindDialog::DirectionCode(int index) {
 }
 
 FindDialog::Outcome FindDialog::Find(const FindFields& fields) {
-  if (!ParentForm) return Outcome::Nothing;
+  if (!m_parentForm) return Outcome::Nothing;
   if (fields.FindWord.empty()) return Outcome::NoWord;
-  DocumentSearch& search = ParentForm->Search();
+  DocumentSearch& search = m_parentForm->Search();
   while (true) {
     const std::int32_t direction = DirectionCode(fields.DirectionIndex);
     if (search.Find(fields.FindWord, direction, fields.MatchCase, fields.WholeWord) != DocumentSearch::NotFound) {
@@ -63,15 +69,15 @@ FindDialog::Outcome FindDialog::Replace(const FindFields& fields) {
     ShowReplace();
     return Outcome::SwitchedMode;
   }
-  if (!ParentForm || !m_canReplace) return Outcome::Nothing;
-  ParentForm->ReplaceSelection(fields.ReplaceWord);
+  if (!m_parentForm || !m_canReplace || !m_parentForm->MayEdit()) return Outcome::Nothing;
+  m_parentForm->ReplaceSelection(fields.ReplaceWord);
   return Find(fields);
 }
 
 void FindDialog::ReplaceAll(const FindFields& fields) {
-  if (!ParentForm) return;
+  if (!m_parentForm || !m_parentForm->MayEdit()) return;
   const std::size_t count =
-      ParentForm->ReplaceAll(fields.FindWord, fields.ReplaceWord, fields.MatchCase, fields.WholeWord);
+      m_parentForm->ReplaceAll(fields.FindWord, fields.ReplaceWord, fields.MatchCase, fields.WholeWord);
   m_prompts.Show(
       {.Text = "Replace Complete.  " + std::to_string(count) + " replacement" + (count == 1 ? "" : "s") + " were made.",
        .Title = "Replace",

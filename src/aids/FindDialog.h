@@ -14,6 +14,10 @@ class SearchedDocument {
  public:
   virtual ~SearchedDocument() = default;
   virtual DocumentSearch& Search() = 0;
+  /// False while the text is being coloured, which knows the text as it was.
+  virtual bool MayEdit() const = 0;
+  /// Brings the document's window to the front of the frame.
+  virtual void BringToFront() = 0;
   /// Puts text in place of the selection, as an edit of the user's.
   virtual void ReplaceSelection(const std::string& text) = 0;
   /// DocumentSearch::ReplaceAll, the document being coloured and marked as changed afterwards.
@@ -33,7 +37,9 @@ class FindDialog {
   explicit FindDialog(platform::Prompts& prompts) : m_prompts(prompts) {}
 
   /// The document searched; null for none, when nothing happens. Not owned.
-  SearchedDocument* ParentForm = nullptr;
+  SearchedDocument* ParentForm() const { return m_parentForm; }
+  /// Another document begins a search of its own.
+  void SetParentForm(SearchedDocument* document);
 
   void ShowFind();
   void ShowReplace();
@@ -55,15 +61,16 @@ class FindDialog {
   enum class Outcome { Nothing, NoWord, NotFound, Found, SwitchedMode };
   /// The Find button.
   Outcome Find(const FindFields& fields);
-  /// The ReplaceB button.
+  /// The ReplaceB button. Nothing while the document may not be edited.
   Outcome Replace(const FindFields& fields);
-  /// The ReplaceAll button.
+  /// The ReplaceAll button; the same.
   void ReplaceAll(const FindFields& fields);
 
  private:
   std::int32_t DirectionCode(int index);
 
   platform::Prompts& m_prompts;
+  SearchedDocument* m_parentForm = nullptr;
   bool m_replaceMode = false;
   bool m_canReplace = false;  ///< in Replace mode: an occurrence is selected
   bool m_lastFoundAll = false;

@@ -14,13 +14,13 @@ void GenerateJavaScriptPreview(const platform::TextControl& control, const std::
   tools.Prompts.Show({.Text = "Could not save " + path + "\n\n" + error, .Icon = platform::PromptIcon::Critical});
 }
 
-void SaveExec(const editor::DocumentState& state, const std::function<void()>& save, const RunTools& tools) {
+void SaveExec(const editor::DocumentState& state, const std::function<bool()>& save, const RunTools& tools) {
   const std::string& command = state.Template.ExecuteCommand;
   if (command.empty()) {
     tools.Prompts.Show({.Text = "No execution command has been defined for this template."});
     return;
   }
-  if (!state.Saved) save();
+  if (!state.Saved && !save()) return;
   if (state.CurFileName.empty()) return;
   RunCommand(CommandFor(command, state.CurFileName), tools.Shell, tools.Prompts);
 }

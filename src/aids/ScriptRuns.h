@@ -21,8 +21,8 @@ struct RunTools {
 void GenerateJavaScriptPreview(const platform::TextControl& control, const std::string& programFolder,
                                const RunTools& tools);
 
-/// Runs the template's command on the document's file, which `save` saves before when it has changes; nothing when the
-/// document has no file afterwards.
-void SaveExec(const editor::DocumentState& state, const std::function<void()>& save, const RunTools& tools);
+/// Runs the template's command on the document's file, which `save` saves before when it has changes; nothing when that
+/// gives false, or when the document has no file.
+void SaveExec(const editor::DocumentState& state, const std::function<bool()>& save, const RunTools& tools);
 
 }  // namespace aids

@@ -46,6 +46,11 @@ std::string_view TakeField(std::string_view& line) {
   return field;
 }
 
+/// A text that does not would end its field too early, and all records after it would be read as others.
+bool FitsInQuotes(std::string_view text) {
+  return text.find_first_of("\"\r\n") == std::string_view::npos;
+}
+
 }  // namespace
 
 std::string WriteSynonyms(const templates::KeyedCollection<templates::Synonym>& synonyms,
@@ -53,7 +58,9 @@ std::string WriteSynonyms(const templates::KeyedCollection<templates::Synonym>& 
   std::string text = std::string(FirstLine) + "\r\n";
   if (!curFileName.empty()) text += "Saved From " + std::string(curFileName) + ".  ";
   text += std::string(Warning) + "\r\n";
-  for (const auto& synonym : synonyms) text += '"' + synonym->Word + "\",\"" + synonym->Synonym + "\"\r\n";
+  for (const auto& synonym : synonyms)
+    if (FitsInQuotes(synonym->Word) && FitsInQuotes(synonym->Synonym))
+      text += '"' + synonym->Word + "\",\"" + synonym->Synonym + "\"\r\n";
   return text;
 }
 

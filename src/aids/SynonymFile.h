@@ -12,7 +12,8 @@
 
 namespace aids {
 
-/// The file's text for the synonyms of a document with the path `curFileName`, "" for one without.
+/// The file's text for the synonyms of a document with the path `curFileName`, "" for one without. A synonym with a
+/// quote or a line end in it cannot be written and is left out.
 std::string WriteSynonyms(const templates::KeyedCollection<templates::Synonym>& synonyms, std::string_view curFileName);
 
 /// The records in the file's text, in order; nothing when its first line is another format's.

@@ -24,6 +24,8 @@ class DocumentAids final : public QObject, public SearchedDocument {
 
   DocumentSearch& Search() override { return m_search; }
   DocumentSynonyms& Synonyms() { return m_synonyms; }
+  bool MayEdit() const override { return !m_window.Busy(); }
+  void BringToFront() override { m_window.BringToFront(); }
   void ReplaceSelection(const std::string& text) override;
   std::size_t ReplaceAll(const std::string& word, const std::string& replacement, bool caseSense,
                          bool wholeWord) override;

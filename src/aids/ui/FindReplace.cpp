@@ -140,7 +140,7 @@ void FindReplace::Open(SearchedDocument& document, std::function<QRect()> caretO
 }
 
 void FindReplace::SetParentForm(SearchedDocument* document, std::function<QRect()> caretOnScreen) {
-  m_dialog.ParentForm = document;
+  m_dialog.SetParentForm(document);
   m_caretOnScreen = std::move(caretOnScreen);
   if (!document) close();
 }
@@ -158,6 +158,7 @@ void FindReplace::mousePressEvent(QMouseEvent* event) {
 
 void FindReplace::KeepOffCaret() {
   if (!m_caretOnScreen) return;
+  m_dialog.ParentForm()->BringToFront();
   const QRect caret = m_caretOnScreen(), dialog = frameGeometry(), room = screen()->availableGeometry();
   const DialogPlace place{dialog.left(), dialog.top() - room.top(), dialog.right(), dialog.bottom() - room.top()};
   const int top = TopOffCaret(place, caret.left(), caret.top() - room.top(), caret.height(), room.height());

@@ -30,7 +30,7 @@ class FindReplace final : public QDialog {
   void Open(SearchedDocument& document, std::function<QRect()> caretOnScreen);
   /// Works on the document, if the dialog is shown; null takes the dialog away, as its document closes.
   void SetParentForm(SearchedDocument* document, std::function<QRect()> caretOnScreen = {});
-  SearchedDocument* ParentForm() const { return m_dialog.ParentForm; }
+  SearchedDocument* ParentForm() const { return m_dialog.ParentForm(); }
 
  protected:
   void showEvent(QShowEvent* event) override;

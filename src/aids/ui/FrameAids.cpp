@@ -87,7 +87,7 @@ void FrameAids::GenerateJavaScriptPreview(editor::ui::Mainwin& document) {
 }
 
 void FrameAids::SaveExec(editor::ui::Mainwin& document) {
-  const auto save = [&document] { document.SaveFile(document.CurFileName()); };
+  const auto save = [&document] { return document.SaveFile(document.CurFileName()); };
   aids::SaveExec(document.Core().State(), save, {m_shell, m_frame.Prompts()});
 }
 

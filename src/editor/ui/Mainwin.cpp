@@ -52,7 +52,7 @@ bool Mainwin::IsActive() const {
 }
 
 void Mainwin::BringToFront() {
-  if (QMdiSubWindow* window = SubWindow()) window->mdiArea()->setActiveSubWindow(window);
+  if (QMdiSubWindow* window = SubWindow(); window && !IsActive()) window->mdiArea()->setActiveSubWindow(window);
 }
 
 void Mainwin::CloseWindow() {

@@ -55,6 +55,8 @@ class Mainwin : public QWidget, public shell::ChildWindow, public DocumentWindow
   bool Closed() const { return m_closed; }
   /// Whether a colouring run is under way.
   bool Busy() const { return m_document->Busy(); }
+  /// Makes this the frame's window in front; the frame itself stays where it is.
+  void BringToFront() override;
 
  Q_SIGNALS:
   /// The user has answered every question and the window closes.
@@ -70,7 +72,6 @@ class Mainwin : public QWidget, public shell::ChildWindow, public DocumentWindow
 
   bool IsActive() const override;
   void SetCaption(std::string_view caption) override;
-  void BringToFront() override;
   void CloseWindow() override;
   bool SaveSynonyms(const std::string& path) override { return m_saveSynonyms && m_saveSynonyms(path); }
 

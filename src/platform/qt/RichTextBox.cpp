@@ -335,6 +335,7 @@ void RichTextBox::SetLinesRTF(std::size_t first, std::size_t last, std::string_v
 }
 
 void RichTextBox::Cut() {
+  if (!m_enabled) return;
   Operate([&] { Send(SCI_CUT); });
 }
 

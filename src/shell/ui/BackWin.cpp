@@ -70,6 +70,7 @@ BackWin::BackWin(platform::Prompts& prompts, const std::string& programFolder)
                                    .InstanceFolder = "",
                                    .RecoveryFolder = ""}) {
   m_menus.PopulateTemplates();
+  m_popups.WatchActivation(true);
 }
 
 // Windows still tell the frame what happens to them while they go, so they go first.

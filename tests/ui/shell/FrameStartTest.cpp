@@ -10,6 +10,7 @@
 #include <atomic>
 #include <thread>
 
+#include "aids/ui/ContextList.h"
 #include "platform/InstanceChannel.h"
 #include "shell/ui/BackWin.h"
 #include "tests/support/ScriptedPrompts.h"
@@ -118,6 +119,21 @@ TEST_F(FrameStart, AFileRemembersTheTemplateThatTheUserChose) {
             std::string::npos);
   Run({"c.zzz"},
       [&](BackWin& frame) { EXPECT_EQ(frame.ActiveDocument()->TemplateFile(), m_folder.Path("program/Python.def")); });
+}
+
+TEST_F(FrameStart, PopupsStayWhereNothingWatchesTheActivation) {
+  for (const bool watches : {true, false})
+    Run(watches ? std::vector<std::string>{"b.js"} : std::vector<std::string>{"b.js", "/NoSubclassing"},
+        [&](BackWin& frame) {
+          EXPECT_TRUE(QTest::qWaitForWindowActive(&frame));
+          QTest::keyClicks(&frame.ActiveDocument()->TextArea(), QStringLiteral("document."));
+          QWidget other;
+          other.show();
+          other.activateWindow();
+          EXPECT_TRUE(QTest::qWaitForWindowActive(&other));
+          EXPECT_EQ(frame.findChild<aids::ui::ContextList*>()->isVisible(), !watches);
+          m_prompts.ExpectBoxWith({"Save changes to b.js"}, PromptAnswer::No);
+        });
 }
 
 TEST_F(FrameStart, TheCommandLineIsFollowed) {

@@ -125,6 +125,8 @@ TEST(WordHelp, RunsTheEntryOrAsksOrSaysThatThereIsNone) {
 TEST(SynonymFile, IsWrittenAndReadToTheByte) {
   templates::KeyedCollection<templates::Synonym> synonyms;
   ReplaceSynonym(synonyms, {"obj", "Document"});
+  ReplaceSynonym(synonyms, {"a\"b", "left out"});
+  ReplaceSynonym(synonyms, {"two\r\nlines", "left out"});
   ReplaceSynonym(synonyms, {"a,b", "Window"});
   const std::string warning =
       "BE CAREFUL IF EDITING THIS FILE, the only check made is that the above line is correct.  Everything else "
@@ -200,22 +202,30 @@ TEST(ScriptRuns, SaveFirstAndTellWhatFails) {
   tests::TemporaryFolder folder;
   const RunTools tools{desk.Shell, desk.Frame.Questions};
   desk.Frame.Questions.Expect({.Text = "No execution command has been defined for this template."});
-  SaveExec(
-      desk.State, [] { FAIL(); }, tools);
+  const auto unasked = [] {
+    ADD_FAILURE() << "nothing is to be saved";
+    return true;
+  };
+  SaveExec(desk.State, unasked, tools);
   desk.State.Template.ExecuteCommand = "node \"%s\"";
   desk.State.Saved = false;
   SaveExec(
-      desk.State, [] {}, tools);  // the user cancelled
+      desk.State, [] { return false; }, tools);  // the user cancelled
+  const auto save = [&](bool done) {
+    desk.State.CurFileName = "/a b.js";
+    return done;
+  };
+  SaveExec(
+      desk.State, [&] { return save(false); }, tools);  // the disk is full, and the file as it was before
   EXPECT_TRUE(desk.Shell.Runs.empty());
   SaveExec(
-      desk.State, [&] { desk.State.CurFileName = "/a b.js"; }, tools);
+      desk.State, [&] { return save(true); }, tools);
   desk.Shell.Result = 2;
   desk.Frame.Questions.Expect({.Text = "An error occured when trying to execute the command:\r\n\r\nnode \"/a b.js\"",
                                .Title = "Error",
                                .Icon = PromptIcon::Critical});
   desk.State.Saved = true;
-  SaveExec(
-      desk.State, [] { FAIL(); }, tools);
+  SaveExec(desk.State, unasked, tools);
   desk.Shell.Result = 33;
   desk.Control.SetText("f()");
   GenerateJavaScriptPreview(desk.Control, folder.Path(), tools);

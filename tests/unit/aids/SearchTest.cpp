@@ -139,9 +139,12 @@ struct Desk : SearchedDocument {
 
   explicit Desk(const std::string& text) {
     Control.SetText(text);
-    Dialog.ParentForm = this;
+    Dialog.SetParentForm(this);
   }
+  bool Coloured = true;
   DocumentSearch& Search() override { return Searching; }
+  bool MayEdit() const override { return Coloured; }
+  void BringToFront() override {}
   void ReplaceSelection(const std::string& text) override { Control.SetSelText(text); }
   std::size_t ReplaceAll(const std::string& word, const std::string& replacement, bool caseSense,
                          bool wholeWord) override {
@@ -176,6 +179,28 @@ TEST(FindDialog, AllGoesFromTheTopThenDownAndAsksAtTheEnd) {
   desk.Prompts.Expect({.Text = "\"three\" not found in document", .Title = "Find"}, PromptAnswer::Ok);
   EXPECT_EQ(desk.Dialog.Find(fields), Outcome::NotFound);
   EXPECT_EQ(desk.Dialog.Find({}), Outcome::NoWord);
+}
+
+TEST(FindDialog, AnotherDocumentBeginsASearchOfItsOwn) {
+  Desk desk("one two one");
+  const FindFields fields{.FindWord = "one"};
+  desk.Dialog.Find(fields);
+  Desk other("one two one");
+  desk.Dialog.SetParentForm(&other);
+  other.Control.SetSelStart(6);
+  EXPECT_EQ(desk.Dialog.Find(fields), Outcome::Found);
+  EXPECT_EQ(other.Control.SelStart(), 0U) << "from the top, not on from where the other document was";
+}
+
+TEST(FindDialog, NothingIsReplacedWhileTheTextIsBeingColoured) {
+  Desk desk("one two one");
+  desk.Dialog.ShowReplace();
+  const FindFields fields{.FindWord = "one", .ReplaceWord = "1"};
+  desk.Dialog.Find(fields);
+  desk.Coloured = false;
+  EXPECT_EQ(desk.Dialog.Replace(fields), Outcome::Nothing);
+  desk.Dialog.ReplaceAll(fields);
+  EXPECT_EQ(desk.Control.Text(), "one two one");
 }
 
 TEST(FindDialog, UpAsksToGoOnFromTheEndAndFindNextRepeats) {

@@ -33,14 +33,21 @@ TabStrip::TabStrip(QWidget* parent) : QTabBar(parent) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
   setFocusPolicy(Qt::NoFocus);
   setAccessibleName(tr("Windows"));
-  connect(this, &QTabBar::currentChanged, this, [this](int index) {
-    if (index >= 0) Q_EMIT Chosen(ToolAt(index));
+  connect(this, &QTabBar::currentChanged, this, &TabStrip::CurrentChanged);
+  connect(this, &QTabBar::tabBarClicked, this, [this](int index) {
+    if (index >= 0 && index == currentIndex()) Q_EMIT Chosen(ToolAt(index));  // its window may be minimised
   });
   connect(this, &QTabBar::tabCloseRequested, this, [this](int index) { Q_EMIT CloseAsked(ToolAt(index)); });
 }
 
 std::string TabStrip::ToolAt(int index) const {
   return tabData(index).value<TabData>().Tool;
+}
+
+// The current tab gets another place, too, when tabs are dragged.
+void TabStrip::CurrentChanged(int index) {
+  const std::uint64_t key = tabData(index).value<TabData>().Key;
+  if (std::exchange(m_current, key) != key && index >= 0) Q_EMIT Chosen(ToolAt(index));
 }
 
 int TabStrip::IndexOf(std::uint64_t key) const {
@@ -65,7 +72,9 @@ void TabStrip::Show(int index, const Tab& tab) {
   if (tabText(index) != tab.Caption) setTabText(index, tab.Caption);
   setTabToolTip(index, tab.Tip);
   setTabData(index, QVariant::fromValue(TabData{tab.Tool, tab.Key}));
-  if (tab.Current) setCurrentIndex(index);
+  if (!tab.Current) return;
+  m_current = tab.Key;
+  setCurrentIndex(index);
 }
 
 // The strip takes what room there is, however many tabs there are.

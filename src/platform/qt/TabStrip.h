@@ -43,9 +43,11 @@ class TabStrip : public QTabBar {
   void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
+  void CurrentChanged(int index);
   int IndexOf(std::uint64_t key) const;
   void Show(int index, const Tab& tab);
 
+  std::uint64_t m_current = 0;  ///< the key of the tab in front
   int m_pressedByMiddle = -1;
 };
 

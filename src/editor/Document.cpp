@@ -90,6 +90,7 @@ void Document::CheckFile() {
   if (verdict == FileOnDisk::Verdict::Nothing) return;
   if (verdict == FileOnDisk::Verdict::Reload && Reload()) return;
   SetSaved(false);
+  m_recovery.LostFile();
   if (verdict == FileOnDisk::Verdict::SaveAgain) SaveFile(m_state.CurFileName);
 }
 

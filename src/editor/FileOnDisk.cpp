@@ -29,7 +29,7 @@ std::optional<std::string> FileOnDisk::Open(const std::string& path) {
   m_path = path;
   m_known = identity;
   m_told.reset();
-  if (const std::string copy = platform::CopyLeftBeside(path); !copy.empty())
+  if (const std::string copy = platform::CopyLeftOf(path); !copy.empty())
     Tell("A save of " + Quoted(path) + " was broken off.  What the file held before it is in " + Quoted(copy) + ".");
   return std::move(decoded.Text);
 }

@@ -96,18 +96,29 @@ void Recovery::CopySlice(Stream& stream) {
   if (stream.Whole && m_next) m_store->Writer().Publish(stream.File);
 }
 
+void Recovery::BeginMain() {
+  m_name = RecoveryStore::NewName();
+  m_length = m_control.Length();
+  m_main = Begin();
+  m_store->Writer().Publish(m_main->File);
+}
+
+void Recovery::LostFile() {
+  if (m_store == nullptr || m_main) return;
+  m_lastChanged = Now();
+  BeginMain();
+  CopySlice(*m_main);
+  m_timer->SetInterval(m_main->Whole ? WatchTick : SliceTick);
+}
+
 void Recovery::Changed(const platform::TextChange& change, bool byProgram) {
   if (m_store == nullptr || (!m_main && byProgram)) return;
   m_lastChanged = Now();
   const bool begins = !m_main;
-  if (begins) {
-    m_name = RecoveryStore::NewName();
-    m_length = m_control.Length();
-    m_main = Begin();
-    m_store->Writer().Publish(m_main->File);
-  } else {
+  if (begins)
+    BeginMain();
+  else
     m_length += change.Inserted - change.Removed.size();
-  }
   const std::string inserted = m_control.TextRange(change.Start, change.Start + change.Inserted);
   for (std::optional<Stream>* stream : {&m_main, &m_next})
     if (*stream) WriteChange(**stream, change, inserted);
@@ -132,11 +143,8 @@ bool Recovery::Restored(const JournalContent& content) {
   Drop();
   m_base = content.Head.Base;
   m_lastChanged = content.LastChanged;
-  m_name = RecoveryStore::NewName();
-  m_length = m_control.Length();
-  m_main = Begin();
+  BeginMain();
   while (!m_main->Whole) CopySlice(*m_main);
-  m_store->Writer().Publish(m_main->File);
   m_store->Writer().Flush();
   m_timer->SetInterval(WatchTick);
   const RecoveryWriter::FileStatus status = m_store->Writer().Status(m_main->File);

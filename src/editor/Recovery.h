@@ -36,6 +36,8 @@ class Recovery {
   void Settled(const platform::FileIdentity& base);
   /// The text changed. The first change begins a journal, unless the program made it.
   void Changed(const platform::TextChange& change, bool byProgram);
+  /// The text is in no file any more, though nothing of it has changed: begins a journal.
+  void LostFile();
   /// What the text belongs to has changed.
   void HeadChanged();
   /// The document closes, and the user wants none of what is unsaved.
@@ -55,6 +57,7 @@ class Recovery {
   };
 
   Stream Begin();
+  void BeginMain();
   void Write(Stream& stream, const std::string& bytes);
   void WriteChange(Stream& stream, const platform::TextChange& change, const std::string& inserted);
   void CopySlice(Stream& stream);

@@ -15,7 +15,7 @@ namespace platform {
 namespace {
 
 constexpr std::int64_t NanosecondsASecond = 1'000'000'000;
-constexpr std::int64_t SettlingTime = NanosecondsASecond / 10;  // file times move in steps of up to 10 ms
+constexpr std::int64_t SettlingTime = 3 * NanosecondsASecond;  // some file systems keep times in steps of two seconds
 constexpr std::size_t BlockBytes = 256 * 1024;
 constexpr std::uint64_t Odd = 0x9E3779B97F4A7C15;
 

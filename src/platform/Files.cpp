@@ -14,20 +14,28 @@
 namespace platform {
 namespace {
 
-/// A pipe without a name, which a program was given instead of a file: somebody writes into it and closes it.
-bool IsHandedPipe(const std::string& path) {
-  struct statfs system {};
-  return ::statfs(path.c_str(), &system) == 0 && system.f_type == PIPEFS_MAGIC;
+/// Why a file with this status is not to be read; "" when it may be. The writer of a named pipe may never come, and a
+/// device may have no end. A pipe without a name was handed to the program instead of a file: somebody writes into it
+/// and closes it.
+std::string ReasonNotToRead(const struct stat& status, const struct statfs& system) {
+  if (S_ISREG(status.st_mode)) return "";
+  if (S_ISDIR(status.st_mode)) return "it is a folder";
+  if (S_ISFIFO(status.st_mode)) return system.f_type == PIPEFS_MAGIC ? "" : "it is a pipe, not a file";
+  return "it is a device, not a file";
 }
 
-/// Why the path is not to be opened; "" when it may be. Opening a named pipe waits for a writer, who may never come,
-/// and a device may have no end.
 std::string ReasonNotToRead(const std::string& path) {
   struct stat status {};
-  if (::stat(path.c_str(), &status) != 0 || S_ISREG(status.st_mode)) return "";
-  if (S_ISDIR(status.st_mode)) return "it is a folder";
-  if (S_ISFIFO(status.st_mode)) return IsHandedPipe(path) ? "" : "it is a pipe, not a file";
-  return "it is a device, not a file";
+  struct statfs system {};
+  if (::stat(path.c_str(), &status) != 0 || ::statfs(path.c_str(), &system) != 0) return "";
+  return ReasonNotToRead(status, system);
+}
+
+std::string ReasonNotToRead(int descriptor) {
+  struct stat status {};
+  struct statfs system {};
+  if (::fstat(descriptor, &status) != 0 || ::fstatfs(descriptor, &system) != 0) return LastError();
+  return ReasonNotToRead(status, system);
 }
 
 }  // namespace
@@ -51,11 +59,13 @@ FileContent ReadDescriptor(int descriptor) {
   return content;
 }
 
+// What the path leads to may change after the first look, so it is opened without waiting and looked at again.
 FileContent ReadFile(const std::string& path) {
-  const std::string reason = ReasonNotToRead(path);
-  if (!reason.empty()) return {"", reason};
-  const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_NOCTTY | O_CLOEXEC));
+  if (std::string reason = ReasonNotToRead(path); !reason.empty()) return {"", std::move(reason)};
+  const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
   if (!file.IsOpen()) return {"", LastError()};
+  if (std::string reason = ReasonNotToRead(file.Get()); !reason.empty()) return {"", std::move(reason)};
+  ::fcntl(file.Get(), F_SETFL, 0);  // the writer of a pipe is waited for
   return ReadDescriptor(file.Get());
 }
 

@@ -15,18 +15,6 @@ constexpr int MostTries = 4;
 constexpr int MostSyncFailures = 2;
 constexpr const char* ChangedText = "another program has changed it meanwhile";
 
-/// Where a path leads when symbolic links are followed, the last one's target not having to exist.
-std::string TargetOf(const std::string& path) {
-  std::error_code error;
-  std::filesystem::path target = path;
-  for (int links = 0; links < 40 && std::filesystem::is_symlink(target, error); ++links) {
-    const std::filesystem::path next = std::filesystem::read_symlink(target, error);
-    if (error) break;
-    target = next.is_absolute() ? next : target.parent_path() / next;
-  }
-  return target.string();
-}
-
 /// Finds out what is there; "" or why it cannot be written.
 std::string Examine(SaveJob& job) {
   job.Exists = ::stat(job.Target.c_str(), &job.Status) == 0;
@@ -49,6 +37,17 @@ SaveTry TryOnce(const SaveJob& job) {
 
 SaveTry FailedTry(SaveStep step) {
   return {step, LastError(), {}};
+}
+
+std::string TargetOf(const std::string& path) {
+  std::error_code error;
+  std::filesystem::path target = path;
+  for (int links = 0; links < 40 && std::filesystem::is_symlink(target, error); ++links) {
+    const std::filesystem::path next = std::filesystem::read_symlink(target, error);
+    if (error) break;
+    target = next.is_absolute() ? next : target.parent_path() / next;
+  }
+  return target.string();
 }
 
 std::string FolderOfTarget(const std::string& path) {

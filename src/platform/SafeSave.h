@@ -25,7 +25,8 @@ struct SaveResult {
 /// to the very step that replaces it (written in place: up to the first byte written).
 SaveResult SafeSave(const std::string& path, std::string_view bytes, const FileIdentity* expected = nullptr);
 
-/// Where a copy stands that a save in place of `path` left behind when it was broken off; "" when there is none.
-std::string CopyLeftBeside(const std::string& path);
+/// Where a copy stands that a save in place of `path` left behind when it was broken off: beside the file that the path
+/// leads to, or, where its folder took none, in the user's own. "" when there is none.
+std::string CopyLeftOf(const std::string& path);
 
 }  // namespace platform

@@ -5,6 +5,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cinttypes>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <vector>
@@ -17,10 +19,16 @@ namespace {
 
 constexpr int MostCopies = 100;
 
-/// Beside the target, so that whoever finds half a file finds the copy too.
+/// In a folder of others' copies the name tells whose copy it is; beside the target, its own name does.
 std::string CopyName(const std::string& folder, const std::string& target, int number) {
   constexpr std::size_t LongestName = 200;  // a copy of a file with the longest of names needs a name too
-  std::string name = std::filesystem::path(target).filename().string().substr(0, LongestName) + ".quillmark-backup";
+  std::string name = std::filesystem::path(target).filename().string().substr(0, LongestName);
+  if (folder != FolderOfTarget(target)) {
+    char digits[20];
+    std::snprintf(digits, sizeof digits, ".%016" PRIx64, HashOf(std::filesystem::absolute(target).string()));
+    name += digits;
+  }
+  name += ".quillmark-backup";
   if (number > 1) name += '.' + std::to_string(number);
   return folder + '/' + name;
 }
@@ -52,6 +60,7 @@ class Copy {
     errno = error;
     return false;
   }
+  /// A copy that cannot be removed says at the next opening that a save was broken off, and holds what was before it.
   void Remove() {
     if (::unlink(m_path.c_str()) == 0) SyncFolder(FolderOfTarget(m_path));
   }
@@ -90,12 +99,16 @@ bool WriteContents(int descriptor, std::string_view bytes) {
   return false;
 }
 
+bool IsSameTime(const timespec& left, const timespec& right) {
+  return left.tv_sec == right.tv_sec && left.tv_nsec == right.tv_nsec;
+}
+
 /// Whether the path still leads to the file that was opened, and nobody has written into it.
 bool IsUntouched(const std::string& path, const struct stat& opened) {
   struct stat now {};
   return ::lstat(path.c_str(), &now) == 0 && now.st_dev == opened.st_dev && now.st_ino == opened.st_ino &&
-         now.st_size == opened.st_size && now.st_mtim.tv_sec == opened.st_mtim.tv_sec &&
-         now.st_mtim.tv_nsec == opened.st_mtim.tv_nsec;
+         now.st_size == opened.st_size && IsSameTime(now.st_mtim, opened.st_mtim) &&
+         IsSameTime(now.st_ctim, opened.st_ctim);
 }
 
 /// Puts the old contents back; tells where they are when even that fails.
@@ -137,9 +150,11 @@ SaveTry SaveInPlace(const SaveJob& job) {
   return {SaveStep::Done, "", IdentityOf(status, job.Bytes)};
 }
 
-std::string CopyLeftBeside(const std::string& path) {
-  const std::string copy = CopyName(FolderOfTarget(path), path, 1);
-  return FileExists(copy) ? copy : "";
+std::string CopyLeftOf(const std::string& path) {
+  const std::string target = TargetOf(path);
+  for (const std::string& folder : CopyFolders(target))
+    if (std::string copy = CopyName(folder, target, 1); FileExists(copy)) return copy;
+  return "";
 }
 
 }  // namespace platform

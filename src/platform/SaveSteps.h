@@ -45,6 +45,9 @@ SaveTry SaveByRename(const SaveJob& job);
 /// Copies the target, writes it in place, and removes the copy.
 SaveTry SaveInPlace(const SaveJob& job);
 
+/// Where a path leads when symbolic links are followed, the last one's target not having to exist.
+std::string TargetOf(const std::string& path);
+
 /// The folder of a path, "." when it names none.
 std::string FolderOfTarget(const std::string& path);
 

@@ -152,6 +152,20 @@ TEST_F(RecoveryTest, TheJournalGoesOnlyWhenTheTextIsSafeOrNotWanted) {
   EXPECT_EQ(m_folder.Read("file.txt"), "old!");
 }
 
+TEST_F(RecoveryTest, ATextWhoseFileHasGoneIsKeptWithoutAChange) {
+  const std::string text(600'000, 'x'), path = m_folder.Write("file.txt", text);
+  {
+    Session session(State());
+    session.Document->OpenFile(path);
+    std::filesystem::remove(path);
+    session.Frame.Questions.ExpectBoxWith({path, "has been deleted"}, PromptAnswer::No);
+    session.Document->CheckFile();
+    EXPECT_FALSE(session.Document->State().Saved);
+    session.Settle();
+  }
+  EXPECT_TRUE(OnlyText() == text);
+}
+
 TEST_F(RecoveryTest, ALongTextIsCopiedWhileItChanges) {
   laws::Dice dice(31);
   for (int round = 0; round < 2; ++round) {

@@ -122,6 +122,15 @@ TEST_F(FilesTest, WhatARenameCannotKeepIsWrittenInPlace) {
   EXPECT_EQ(m_folder.EntryCount(), 3u) << "the copies are gone";
 }
 
+TEST_F(FilesTest, TheCopyOfABrokenSaveIsFoundThroughLinks) {
+  m_folder.Write("real/file", "half");
+  std::filesystem::create_symlink("real/file", m_folder.Path("link"));
+  EXPECT_EQ(platform::CopyLeftOf(m_folder.Path("link")), "");
+  const std::string copy = m_folder.Write("real/file.quillmark-backup", "whole");
+  EXPECT_EQ(platform::CopyLeftOf(m_folder.Path("link")), copy);
+  EXPECT_EQ(platform::CopyLeftOf(m_folder.Path("real/file")), copy);
+}
+
 TEST_F(FilesTest, AFileThatSomebodyElseChangedIsNotReplaced) {
   const std::string path = m_folder.Write("file", "known");
   FileIdentity known;

@@ -216,9 +216,13 @@ def spans(page):
         yield span[1], html.unescape(span[2] if span[1] else span[3])
 
 
+def offsets_without_blanks(text):
+    return [i for i, character in enumerate(text) if not character.isspace() and character != "\ufeff"]
+
+
 def without_blanks(text, numbers):
-    kept = [(character, number) for character, number in zip(text, numbers) if not character.isspace() and character != "\ufeff"]
-    return "".join(character for character, _ in kept), bytes(number for _, number in kept)
+    offsets = offsets_without_blanks(text)
+    return "".join(text[i] for i in offsets), bytes(numbers[i] for i in offsets)
 
 
 QUOTES = set("\"'`")
@@ -333,18 +337,22 @@ class Comparison:
         if ours[0] != theirs[0]:
             print(f"{path}: left out: the two programs do not show the same text", file=sys.stderr)
             return None
-        return path, text, self.with_insides(ours[1], theirs[1]), theirs[1]
+        return path, text, self.with_insides(text, ours[1], theirs[1]), theirs[1]
 
-    def with_insides(self, ours, theirs):
+    def with_insides(self, text, ours, theirs):
         """Our classes, INSIDE for what stands in a text whose ends both sides have, and outside of which neither has one."""
-        is_string = bytes(self.verdicts[STRING, style] == (True, {STRING}) for style in range(len(STYLES)))
-        in_text = theirs.translate(is_string.ljust(256, b"\0"))
-        goes_on = bytes(style == "Variable" or is_string[i] for i, style in enumerate(STYLES)).ljust(256, b"\0")
+        in_text = theirs.translate(bytes(self.verdicts[STRING, i] == (True, {STRING}) for i in range(len(STYLES))).ljust(256, b"\0"))
+        variable = STYLES.index("Variable")
+        offsets = offsets_without_blanks(text)
+
+        def goes_on(inner, outer):  # a variable just outside may stand in a text of KDE's
+            touches = 0 <= outer < len(theirs) and abs(offsets[inner] - offsets[outer]) == 1
+            return 0 <= outer < len(theirs) and (in_text[outer] or (touches and theirs[outer] == variable))
+
         marked = bytearray(ours)
         for run in re.finditer(rb"\x02+", ours):
             start, end = run.span()
-            outside = theirs[max(start - 1, 0):start] + theirs[end:end + 1]
-            if in_text[start] and in_text[end - 1] and not any(outside.translate(goes_on)):
+            if in_text[start] and in_text[end - 1] and not goes_on(start, start - 1) and not goes_on(end - 1, end):
                 marked[start:end] = bytes([INSIDE]) * (end - start)
         return bytes(marked)
 
@@ -366,7 +374,7 @@ class Comparison:
     def disagreements(self):
         """(path, text, first and end offset, our class, KDE's style), runs of equal ones together."""
         for path, text, ours, theirs in self.files:
-            offsets = [i for i, character in enumerate(text) if not character.isspace() and character != "\ufeff"]
+            offsets = offsets_without_blanks(text)
             i = 0
             while i < len(ours):
                 found = self.verdicts[ours[i], theirs[i]]

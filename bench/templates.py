@@ -68,7 +68,7 @@ LANGUAGES = {
                                           "deb:plplot-doc/usr/**/*.f90", "deb:libhdf5-doc/usr/**/*.f90",
                                           "deb:python3-numpy/usr/**/*.f90"]),
     "HTML": ("HTML", ["/usr/share/**/*.html"]),
-    "INI": ("INI Files", ["/usr/share/**/*.ini", "/usr/share/**/*.desktop", "/etc/**/*.ini", "/usr/lib/**/*.cfg"]),
+    "INI": ("INI Files", ["/usr/share/**/*.ini", "/usr/share/**/*.desktop", "/usr/lib/systemd/**/*.service", "/etc/**/*.ini"]),
     "JSON": ("JSON", ["/usr/share/**/*.json", "/usr/lib/**/*.json"]),
     "JavaScript": ("JavaScript", ["/usr/share/**/*.js", "/usr/lib/node_modules/**/*.js"]),
     "Matlab": ("Octave", ["deb:octave-common/usr/share/octave/**/*.m", "deb:octave-statistics/usr/**/*.m", "deb:octave-signal/usr/**/*.m",
@@ -80,11 +80,14 @@ LANGUAGES = {
                        "deb:r-cran-shiny/usr/**/*.R", "deb:r-cran-knitr/usr/**/*.R"]),
     "SQL": ("SQL", ["/usr/share/**/*.sql", "/usr/lib/**/*.sql"]),
     "Shell": ("Bash", ["/usr/share/**/*.sh", "/usr/lib/**/*.sh", "/etc/**/*.sh", "/usr/share/bash-completion/completions/*"]),
-    "TOML": ("TOML", ["/usr/share/**/*.toml", "/usr/lib/**/*.toml"]),
+    "TOML": ("TOML", ["/usr/lib/**/*.toml", "deb:golang-github-burntsushi-toml-dev/**/*.toml", "deb:librust-clap-dev/**/*.toml",
+                      "deb:librust-serde-json-dev/**/*.toml", "deb:librust-tokio-dev/**/*.toml", "deb:librust-regex-dev/**/*.toml",
+                      "deb:librust-syn-dev/**/*.toml", "deb:librust-image-dev/**/*.toml"]),
     "TypeScript": ("TypeScript", ["npm:rxjs@7.8.1/src/internal/**/*.ts", "npm:ajv@8.12.0/lib/**/*.ts",
                                   "npm:typescript@5.4.5/lib/*.d.ts", "npm:@types/node@20.11.0/*.d.ts"]),
     "XML": ("XML", ["/usr/share/**/*.xml", "/usr/share/**/*.svg", "/usr/share/**/*.xsl", "/usr/share/**/*.xsd"]),
-    "YAML": ("YAML", ["/usr/share/**/*.yaml", "/usr/share/**/*.yml", "/usr/lib/**/*.yml", "/usr/lib/**/*.yaml"]),
+    "YAML": ("YAML", ["/usr/share/**/*.yml", "/usr/lib/**/*.yml", "npm:fastify@4.26.0/**/*.yml", "deb:ansible/**/*.yml",
+                      "deb:cloud-init/**/*.yaml", "deb:netplan.io/**/*.yaml", "deb:rubocop/**/*.yml"]),
 }
 
 # Templates that KDE has no definition for.
@@ -111,10 +114,13 @@ NAMED = set("""Function Variable Operator BuiltIn Extension Preprocessor Attribu
 Warning Others""".split())
 STYLE_EXCEPTIONS = {
     "JSON": {"DataType": STRING},  # the names of members are texts between quotes
+    "YAML": {"Char": KEYWORD},  # true, false, null and the signs of blocks
     "R Script": {"SpecialChar": OTHER},  # operators
 }
 # By definition: (our class, KDE's style) of characters that both know but call by different names; they are left out.
 LEFT_OUT = {
+    "TOML": {(STRING, "DataType")},  # a name between quotes is a text to us
+    "YAML": {(STRING, "Function")},  # the same
     "Python": {(STRING, "Comment")},  # a text that stands alone documents; no other comment is a text to us
 }
 
@@ -225,6 +231,10 @@ def without_blanks(text, numbers):
     return "".join(text[i] for i in offsets), bytes(numbers[i] for i in offsets)
 
 
+def class_of_style(definition, style):
+    return STYLE_EXCEPTIONS.get(definition, {}).get(style, CLASS_OF_STYLE.get(style, OTHER))
+
+
 QUOTES = set("\"'`")
 SIGNS = set("()[]{}<>=/|&;:,.+*?%^~")
 
@@ -291,16 +301,15 @@ def classify_with_kde(definition, path):
         if colour is None or colour.startswith("f000"):
             style = int(colour[4:], 16) if colour else 0
         parts.append(piece)
-        keyword = CLASS_OF_STYLE.get(STYLES[style]) == KEYWORD
+        keyword = class_of_style(definition, STYLES[style]) == KEYWORD
         numbers += without_signs(piece, style, STYLES.index("Operator")) if keyword else bytes([style]) * len(piece)
     return without_blanks("".join(parts), numbers)
 
 
 # The comparison.
 
-def verdict(ours, style, exceptions):
+def verdict(ours, theirs, style):
     """(whether both agree, the classes in question); None for a pair that does not count."""
-    theirs = exceptions.get(style, CLASS_OF_STYLE.get(style, OTHER))
     if ours == WORD:
         ours = KEYWORD if theirs == KEYWORD else OTHER
     if ours == INSIDE:
@@ -316,9 +325,8 @@ class Comparison:
     def __init__(self, name, colourer):
         self.definition, places = LANGUAGES[name]
         self.template, self.colourer = Template(name), colourer
-        exceptions = STYLE_EXCEPTIONS.get(self.definition, {})
         left_out = LEFT_OUT.get(self.definition, set())
-        self.verdicts = {(ours, i): None if (ours, style) in left_out else verdict(ours, style, exceptions)
+        self.verdicts = {(ours, i): None if (ours, style) in left_out else verdict(ours, class_of_style(self.definition, style), style)
                          for ours in range(len(CLASS_NAMES)) for i, style in enumerate(STYLES)}
         self.name, self.files, self.bytes = name, [], 0
         self.counts = collections.Counter()

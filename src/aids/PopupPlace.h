@@ -27,4 +27,8 @@ Box TipBox(const CaretPoint& caret, float w, float width, float height);
 /// The box moved so that it is seen on the caret's screen.
 Box KeptOnScreen(Box box, const CaretPoint& caret, const Box& screen);
 
+/// The box, or, where it would lie under another one, the box moved above the caret's line, and below the other one
+/// when there is no room above.
+Box KeptClearOf(const Box& other, Box box, const CaretPoint& caret, const Box& screen);
+
 }  // namespace aids

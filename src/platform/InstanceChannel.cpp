@@ -131,9 +131,15 @@ InstanceChannel::Role InstanceChannel::Claim(std::chrono::milliseconds timeout) 
 bool InstanceChannel::Send(std::string_view command, std::chrono::milliseconds timeout) const {
   if (command.size() > ExecuteLines::Longest || command.find('\n') != std::string_view::npos) return false;
   const Clock::time_point end = Clock::now() + timeout;
-  const OwnDescriptor socket = Connected(m_folder);
-  return socket.IsOpen() && SendAll(socket.Get(), std::string(command) + '\n', end) &&
-         ReceiveLine(socket.Get(), end) == "accepted";
+  const std::string line = std::string(command) + '\n';
+  while (true) {
+    const OwnDescriptor socket = Connected(m_folder);
+    const bool isSent = socket.IsOpen() && SendAll(socket.Get(), line, end);
+    if (const std::string answer = isSent ? ReceiveLine(socket.Get(), end) : ""; !answer.empty())
+      return answer == "accepted";
+    if (Clock::now() + Patience >= end) return false;
+    std::this_thread::sleep_for(Patience);  // a server that is full turns everybody away, for a moment
+  }
 }
 
 }  // namespace platform

@@ -66,6 +66,11 @@ void PopupFrame::SetSuspended(bool suspended) {
   Place();
 }
 
+void PopupFrame::KeepClearOf(PopupFrame& other) {
+  m_above = &other;
+  other.installEventFilter(this);
+}
+
 void PopupFrame::Place() {
   if (!m_shown || !m_text) return;
   const QRect caret = m_text->RectangleAt(m_offset);
@@ -78,13 +83,19 @@ void PopupFrame::Place() {
   const QRect available = (screen ? screen : m_text->screen())->availableGeometry();
   FitTo(available.width());
   const CaretPoint point{at.x(), at.y(), caret.height(), Twips, Twips};
-  const Box box = KeptOnScreen(BoxAt(point), point, InTwips(available));
+  Box box = KeptOnScreen(BoxAt(point), point, InTwips(available));
+  if (m_above && m_above->isVisible()) box = KeptClearOf(InTwips(m_above->geometry()), box, point, InTwips(available));
   setGeometry(Pixels(box.Left), Pixels(box.Top), Pixels(box.Width), Pixels(box.Height));
   show();
 }
 
 /// The keyboard is never given to a pop-up; should a platform do so all the same, what is typed goes to the text.
-bool PopupFrame::eventFilter(QObject*, QEvent* event) {
+bool PopupFrame::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == m_above) {
+    const bool moves = event->type() == QEvent::Show || event->type() == QEvent::Hide || event->type() == QEvent::Move;
+    if (moves || event->type() == QEvent::Resize) Place();
+    return false;
+  }
   const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
   if (!isKey || !m_text) return false;
   QCoreApplication::sendEvent(m_text, event);

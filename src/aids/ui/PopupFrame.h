@@ -29,6 +29,8 @@ class PopupFrame : public QWidget {
 
   /// Hides the window while the application is not active.
   void SetSuspended(bool suspended);
+  /// Makes room for another window whenever that is shown; it must outlive this.
+  void KeepClearOf(PopupFrame& other);
   /// Moves the window to its place, or hides it when its place is out of sight.
   void Place();
 
@@ -51,6 +53,7 @@ class PopupFrame : public QWidget {
 
  private:
   QPointer<platform::qt::RichTextBox> m_text;
+  PopupFrame* m_above = nullptr;  ///< the window that this one keeps clear of
   std::size_t m_offset = 0;
   bool m_shown = false;
   bool m_suspended = false;

@@ -41,6 +41,7 @@ class DocumentPopups : public QObject {
 
 SharedPopups::SharedPopups(QWidget& frame)
     : m_list(std::make_unique<ContextList>(&frame)), m_tip(std::make_unique<frmToolTip>(&frame)) {
+  m_tip->KeepClearOf(*m_list);
   frame.installEventFilter(this);
 }
 

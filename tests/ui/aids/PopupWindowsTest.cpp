@@ -61,6 +61,18 @@ TEST_F(PopupWindows, TheTipBeginsUnderItsWord) {
   EXPECT_EQ(line4, QRect(0, Tip().height() - 1, Tip().width(), 1));
 }
 
+TEST_F(PopupWindows, TheTipMakesRoomForTheList) {
+  Open("a.js", "\n\n\n\nvar longer = ");
+  Type(QStringLiteral("setTimeout("));
+  const int under = Tip().y();
+  Type(QStringLiteral("document."));
+  ASSERT_TRUE(Tip().isVisible() && List().isVisible());
+  EXPECT_FALSE(Tip().geometry().intersects(List().geometry()));
+  EXPECT_EQ(Tip().geometry().bottom() + 1, CaretOnScreen().top());
+  Type(QStringLiteral("<Esc>"));
+  EXPECT_EQ(Tip().y(), under);
+}
+
 TEST_F(PopupWindows, AtTheEdgesOfTheScreenTheyStayVisible) {
   const QRect screen = m_frame.screen()->availableGeometry();
   m_frame.resize(500, 450);

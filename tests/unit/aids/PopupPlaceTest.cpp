@@ -45,5 +45,15 @@ TEST(PopupPlace, UnderTheCaretAndWhollyOnItsScreen) {
     EXPECT_EQ(KeptOnScreen(ListBox(c.Caret, 3, 1500, 1500), c.Caret, c.Screen), c.Expected) << c.Where;
 }
 
+TEST(PopupPlace, OneMakesRoomForTheOther) {
+  const Box screen{0, 0, 15 * 1000, 15 * 800}, list{15 * 80, 15 * 68, 1500, 1500};
+  const CaretPoint caret{.X = 100, .Y = 50, .tmHeight = 18}, top{.X = 100, .Y = 10, .tmHeight = 18};
+  EXPECT_EQ(KeptClearOf(list, {15 * 500, 15 * 68, 900, 300}, caret, screen), (Box{15 * 500, 15 * 68, 900, 300}));
+  EXPECT_EQ(KeptClearOf(list, {15 * 99, 15 * 68, 900, 300}, caret, screen), (Box{15 * 99, 15 * 30, 900, 300}));
+  EXPECT_EQ(KeptClearOf(list, {15 * 99, 15 * 68, 900, 300}, top, screen), (Box{15 * 99, 15 * 168, 900, 300}));
+  const Box low{0, 0, 15 * 1000, 15 * 180};
+  EXPECT_EQ(KeptClearOf(list, {15 * 99, 15 * 68, 900, 300}, top, low), (Box{15 * 99, 15 * 68, 900, 300}));
+}
+
 }  // namespace
 }  // namespace aids

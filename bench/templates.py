@@ -85,7 +85,8 @@ LANGUAGES = {
                       "deb:librust-syn-dev/**/*.toml", "deb:librust-image-dev/**/*.toml"]),
     "TypeScript": ("TypeScript", ["npm:rxjs@7.8.1/src/internal/**/*.ts", "npm:ajv@8.12.0/lib/**/*.ts",
                                   "npm:typescript@5.4.5/lib/*.d.ts", "npm:@types/node@20.11.0/*.d.ts"]),
-    "XML": ("XML", ["/usr/share/**/*.xml", "/usr/share/**/*.svg", "/usr/share/**/*.xsl", "/usr/share/**/*.xsd"]),
+    "XML": ("XML", ["/usr/share/**/*.xml", "/usr/share/**/*.svg", "/usr/share/**/*.xsl", "/usr/share/**/*.xsd",
+                    "deb:docbook-xsl/usr/**/*.xsl", "deb:maven/usr/**/*.xml", "deb:libmaven3-core-java/usr/**/*.pom"]),
     "YAML": ("YAML", ["/usr/share/**/*.yml", "/usr/lib/**/*.yml", "npm:fastify@4.26.0/**/*.yml", "deb:ansible/**/*.yml",
                       "deb:cloud-init/**/*.yaml", "deb:netplan.io/**/*.yaml", "deb:rubocop/**/*.yml"]),
 }
@@ -115,12 +116,14 @@ Warning Others""".split())
 STYLE_EXCEPTIONS = {
     "JSON": {"DataType": STRING},  # the names of members are texts between quotes
     "YAML": {"Char": KEYWORD},  # true, false, null and the signs of blocks
+    "Markdown": {"Function": KEYWORD, "Information": STRING, "SpecialString": OTHER, "Alert": OTHER, "Annotation": OTHER},  # headings, code, lists, pictures
     "R Script": {"SpecialChar": OTHER},  # operators
 }
 # By definition: (our class, KDE's style) of characters that both know but call by different names; they are left out.
 LEFT_OUT = {
     "TOML": {(STRING, "DataType")},  # a name between quotes is a text to us
     "YAML": {(STRING, "Function")},  # the same
+    "Markdown": {(OTHER, "Comment"), (WORD, "Comment"), (STRING, "Comment"), (STRING, "Others")},  # links, and code in their text
     "Python": {(STRING, "Comment")},  # a text that stands alone documents; no other comment is a text to us
 }
 
@@ -213,13 +216,13 @@ def sources(places):
 
 # Both sides: a text's characters that are no blanks, and a number for each: its class, or its style.
 
-SPAN = re.compile(r'<span style="color:#([0-9a-f]{6})[^>]*>(.*?)</span>|([^<]+|<)', re.DOTALL)
+SPAN = re.compile(r'<span style="(?:color:#([0-9a-f]{6}))?[^>]*>(.*?)</span>|([^<]+|<)', re.DOTALL)
 
 
 def spans(page):
     """(colour or None, text) along the text of a page."""
     for span in SPAN.finditer(page[page.index("<pre>") + len("<pre>"):page.rindex("</pre>")]):
-        yield span[1], html.unescape(span[2] if span[1] else span[3])
+        yield span[1], html.unescape(span[3] or span[2])
 
 
 def offsets_without_blanks(text):
@@ -254,7 +257,7 @@ class Template:
             fields = line[3:].split(" ")
             if line.startswith("L: ") and len(fields) == 5 and fields[1] == "2" and fields[4] == "False":
                 if QUOTES & set(fields[0]) or not any(map(str.isalnum, fields[0])):
-                    self.edges.append((fields[0], fields[2]))
+                    self.edges.append((fields[0].lstrip("=([{,:"), fields[2]))
         self.edges.sort(key=lambda edge: -len(edge[0]))
 
     def classify(self, colourer, path):

@@ -75,6 +75,7 @@ LANGUAGES = {
                           "deb:octave-control/usr/**/*.m", "deb:octave-image/usr/**/*.m"]),
     "Markdown": ("Markdown", ["/usr/share/**/*.md", "/usr/lib/**/*.md"]),
     "Pascal": ("Pascal", ["deb:fpc-source-3.2.2/usr/share/fpcsrc/**/*.pp", "deb:fpc-source-3.2.2/usr/share/fpcsrc/**/*.pas"]),
+    "PowerShell": ("PowerShell", ["deb:ansible/usr/**/*.ps1", "deb:ansible/usr/**/*.psm1", "/usr/lib/node_modules/**/*.ps1"]),
     "Python": ("Python", ["/usr/lib/python3*/**/*.py", "/usr/share/**/*.py"]),
     "R": ("R Script", ["deb:r-base-core/usr/**/*.R", "deb:r-cran-mass/usr/**/*.R", "deb:r-cran-survival/usr/**/*.R",
                        "deb:r-cran-shiny/usr/**/*.R", "deb:r-cran-knitr/usr/**/*.R"]),
@@ -124,6 +125,7 @@ LEFT_OUT = {
     "TOML": {(STRING, "DataType")},  # a name between quotes is a text to us
     "YAML": {(STRING, "Function")},  # the same
     "Markdown": {(OTHER, "Comment"), (WORD, "Comment"), (STRING, "Comment"), (STRING, "Others")},  # links, and code in their text
+    "PowerShell": {(WORD, "Comment")},  # what #Requires asks for is a statement
     "Python": {(STRING, "Comment")},  # a text that stands alone documents; no other comment is a text to us
 }
 

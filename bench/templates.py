@@ -62,6 +62,9 @@ LEFT_ALONE = "/usr/lib/google-cloud-sdk/"  # large, of no distribution, on few m
 # Template: (KDE's definition, where its sources are). A place is a pattern on this machine, or npm:PACKAGE@VERSION/PATTERN,
 # or deb:PACKAGE/PATTERN: such a package is fetched when it is not there yet. "**" stands for any number of folders.
 LANGUAGES = {
+    "Batch": ("MS-DOS Batch", ["/usr/share/**/*.bat", "/usr/lib/**/*.cmd", "deb:libboost1.81-tools-dev/usr/**/*.bat",
+                               "npm:cordova-windows@7.0.1/**/*.bat", "npm:cordova-android@9.0.0/**/*.bat",
+                               "npm:react-native@0.72.0/**/*.bat", "npm:allure-commandline@2.24.0/dist/**/*.bat"]),
     "CSS": ("CSS", ["/usr/share/**/*.css", "/usr/lib/**/*.css"]),
     "Cpp": ("C++", ["/usr/include/**/*.hpp", "/usr/include/qt6/**/*.h", "/usr/include/c++/**/*.h", "/usr/share/**/*.cpp"]),
     "Fortran": ("Fortran (Free Format)", ["deb:libpetsc3.18-dev-examples/usr/**/*.F90", "deb:fortran-language-server/usr/**/*.f90",
@@ -73,6 +76,8 @@ LANGUAGES = {
     "JavaScript": ("JavaScript", ["/usr/share/**/*.js", "/usr/lib/node_modules/**/*.js"]),
     "Matlab": ("Octave", ["deb:octave-common/usr/share/octave/**/*.m", "deb:octave-statistics/usr/**/*.m", "deb:octave-signal/usr/**/*.m",
                           "deb:octave-control/usr/**/*.m", "deb:octave-image/usr/**/*.m"]),
+    "Makefile": ("Makefile", ["/usr/share/**/*.mk", "/usr/share/**/Makefile", "deb:cdbs/usr/**/*.mk", "deb:gnustep-make/usr/**/*.make",
+                              "deb:libpetsc3.18-dev-examples/usr/**/makefile"]),
     "Markdown": ("Markdown", ["/usr/share/**/*.md", "/usr/lib/**/*.md"]),
     "Pascal": ("Pascal", ["deb:fpc-source-3.2.2/usr/share/fpcsrc/**/*.pp", "deb:fpc-source-3.2.2/usr/share/fpcsrc/**/*.pas"]),
     "PowerShell": ("PowerShell", ["deb:ansible/usr/**/*.ps1", "deb:ansible/usr/**/*.psm1", "/usr/lib/node_modules/**/*.ps1"]),
@@ -125,6 +130,8 @@ LEFT_OUT = {
     "TOML": {(STRING, "DataType")},  # a name between quotes is a text to us
     "YAML": {(STRING, "Function")},  # the same
     "Markdown": {(OTHER, "Comment"), (WORD, "Comment"), (STRING, "Comment"), (STRING, "Others")},  # links, and code in their text
+    # The value of a variable is a text to KDE, with or without quotes, and so is every sign in it.
+    "Makefile": {(ours, style) for ours in (OTHER, KEYWORD, WORD) for style in ("String", "Char", "SpecialString")},
     "PowerShell": {(WORD, "Comment")},  # what #Requires asks for is a statement
     "Python": {(STRING, "Comment")},  # a text that stands alone documents; no other comment is a text to us
 }

@@ -65,6 +65,7 @@ LANGUAGES = {
     "Batch": ("MS-DOS Batch", ["/usr/share/**/*.bat", "/usr/lib/**/*.cmd", "deb:libboost1.81-tools-dev/usr/**/*.bat",
                                "npm:cordova-windows@7.0.1/**/*.bat", "npm:cordova-android@9.0.0/**/*.bat",
                                "npm:react-native@0.72.0/**/*.bat", "npm:allure-commandline@2.24.0/dist/**/*.bat"]),
+    "CMake": ("CMake", ["/usr/share/**/*.cmake", "/usr/lib/**/*.cmake", "/usr/share/**/CMakeLists.txt"]),
     "CSS": ("CSS", ["/usr/share/**/*.css", "/usr/lib/**/*.css"]),
     "Cpp": ("C++", ["/usr/include/**/*.hpp", "/usr/include/qt6/**/*.h", "/usr/include/c++/**/*.h", "/usr/share/**/*.cpp"]),
     "Fortran": ("Fortran (Free Format)", ["deb:libpetsc3.18-dev-examples/usr/**/*.F90", "deb:fortran-language-server/usr/**/*.f90",
@@ -127,6 +128,7 @@ STYLE_EXCEPTIONS = {
 }
 # By definition: (our class, KDE's style) of characters that both know but call by different names; they are left out.
 LEFT_OUT = {
+    "CMake": {(COMMENT, "DataType"), (COMMENT, "String")},  # code in a documenting comment
     "TOML": {(STRING, "DataType")},  # a name between quotes is a text to us
     "YAML": {(STRING, "Function")},  # the same
     "Markdown": {(OTHER, "Comment"), (WORD, "Comment"), (STRING, "Comment"), (STRING, "Others")},  # links, and code in their text

@@ -11,7 +11,7 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 LAYERS = [
-    "rich_text", "platform", "templates", "settings", "editor/rtfscan", "editor", "aids", "template_editor", "shell",
+    "rich_text", "platform", "templates", "import", "settings", "editor/rtfscan", "editor", "aids", "template_editor", "shell",
     "platform/qt", "settings/ui", "editor/ui", "aids/ui", "template_editor/ui", "shell/ui",
 ]
 INCLUDE = re.compile(r'^\s*#\s*include\s+([<"])([^>"]+)[>"]')

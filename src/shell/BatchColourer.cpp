@@ -3,10 +3,13 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <cstring>
+#include <ctime>
 #include <ostream>
 
 #include "editor/ColouredOutput.h"
+#include "import/ImportFile.h"
 #include "platform/FileParsing.h"
 #include "platform/Files.h"
 #include "rich_text/Encoding.h"
@@ -20,6 +23,7 @@ constexpr int Success = 0, Unreadable = 1, WrongUsage = 2;
 
 constexpr std::string_view HelpText =
     "Usage: quillmark-colour [OPTION…] [FILE|-]\n"
+    "       quillmark-colour --import DEFINITION >NEW.def\n"
     "Colours FILE (standard input without one, or for \"-\") with a template and writes the result to standard "
     "output.\n"
     "\n"
@@ -27,6 +31,9 @@ constexpr std::string_view HelpText =
     "  --to rtf|html|ansi   what to write; rtf without this option\n"
     "  --fragment           HTML: the <pre> alone, not a whole page\n"
     "  --strict             bad lines of the template are an error\n"
+    "  --import DEFINITION  make a template of a syntax definition: SciTE's .properties, highlight's .lang;\n"
+    "                       what a template cannot say is told on standard error\n"
+    "  --language NAME      the language, of several in a definition\n"
     "  --list               list the templates, with their extensions and files\n"
     "  --help, --version    this text; the version\n"
     "\n"
@@ -122,6 +129,30 @@ int Colour(const BatchOptions& options, const platform::ProgramPlaces& places, D
   return Success;
 }
 
+std::string Today() {
+  const std::time_t now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
+  std::tm parts{};
+  char text[32];
+  ::localtime_r(&now, &parts);
+  return {text, std::strftime(text, sizeof text, "%Y-%m-%d", &parts)};
+}
+
+/// "FILE:LINE: ", without the line where none is known.
+std::string PlaceIn(const std::string& file, std::size_t line) {
+  return file + (line > 0 ? ':' + std::to_string(line) : "") + ": ";
+}
+
+int Import(const BatchOptions& options, DescriptorSink& sink, std::ostream& errors) {
+  const import::ImportedFile imported = import::ImportFile(options.File, options.Language, Today());
+  if (!imported.Error.empty()) {
+    errors << "quillmark-colour: " << PlaceIn(options.File, imported.ErrorLine) << imported.Error << '\n';
+    return Unreadable;
+  }
+  for (const import::Loss& loss : imported.Losses) errors << PlaceIn(loss.File, loss.Line) << loss.What << '\n';
+  sink.Write(imported.Template);
+  return Success;
+}
+
 /// Takes the value of an option from "--name=value" or from the argument that follows.
 bool TakeValue(const std::vector<std::string>& arguments, std::size_t& i, std::string_view name, std::string& value) {
   const std::string& argument = arguments[i];
@@ -169,24 +200,35 @@ bool SetFlag(BatchOptions& options, const std::string& argument) {
 BatchOptions ParseBatchOptions(const std::vector<std::string>& arguments) {
   BatchOptions options;
   bool onlyFiles = false, hasFile = false;
+  const auto takeFile = [&](const std::string& file) {
+    if (hasFile) options.Error = "more than one file: " + file;
+    options.File = file;
+    hasFile = true;
+  };
   for (std::size_t i = 0; i < arguments.size() && options.Error.empty(); ++i) {
     const std::string& argument = arguments[i];
     std::string value;
     if (onlyFiles || argument == "-" || !argument.starts_with('-')) {
-      if (hasFile) options.Error = "more than one file: " + argument;
-      options.File = argument;
-      hasFile = true;
+      takeFile(argument);
     } else if (argument == "--") {
       onlyFiles = true;
     } else if (TakeValue(arguments, i, "--template", value)) {
       options.Template = value;
       if (value.empty()) options.Error = "--template needs a file";
+    } else if (TakeValue(arguments, i, "--import", value)) {
+      options.What = BatchOptions::Task::Import;
+      takeFile(value);
+      if (value.empty()) options.Error = "--import needs a file";
+    } else if (TakeValue(arguments, i, "--language", value)) {
+      options.Language = value;
     } else if (TakeValue(arguments, i, "--to", value)) {
       if (!SetFormat(options, value)) options.Error = "--to takes rtf, html or ansi, not " + value;
     } else if (!SetFlag(options, argument)) {
       options.Error = "unknown option, or one without its value: " + argument;
     }
   }
+  if (options.Error.empty() && !options.Language.empty() && options.What != BatchOptions::Task::Import)
+    options.Error = "--language belongs to --import";
   return options;
 }
 
@@ -207,6 +249,9 @@ int RunBatchColourer(const BatchOptions& options, const platform::ProgramPlaces&
       break;
     case BatchOptions::Task::List:
       status = List(places, sink);
+      break;
+    case BatchOptions::Task::Import:
+      status = Import(options, sink, errors);
       break;
     case BatchOptions::Task::Colour:
       status = Colour(options, places, sink, errors);

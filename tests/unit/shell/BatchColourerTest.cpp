@@ -178,6 +178,31 @@ TEST_F(BatchColourerTest, HtmlAndTerminalTextEscapeWhatTheyMust) {
   }
 }
 
+TEST_F(BatchColourerTest, MakesATemplateOfADefinition) {
+  const std::string source = m_folder.Write(
+      "small.lang",
+      "Description='Small'\nKeywords={{Id=1,List={'when'}}}\nComments={{Block=false,Delimiter={'%'}}}\nx()\n");
+  const ProgramRun made = Run({"--import", source});
+  EXPECT_EQ(made.Status, 0);
+  EXPECT_EQ(made.Errors, source + ":4: This statement is not understood and left out.\n");
+  EXPECT_EQ(Quiet({"--strict", "--to", "ansi", "--template", m_folder.Write("Small.def", made.Output)}, "when % x"),
+            "\x1B[38;2;0;0;230mwhen\x1B[39m \x1B[38;2;0;128;0m% x\x1B[39m");
+
+  const std::string cut = m_folder.Write("cut.lang", "Description='Small'\nKeywords={"),
+                    other = m_folder.Write("a.txt", "");
+  const std::pair<std::string, std::string> failures[] = {
+      {cut, cut + ":2: The table that begins here never ends."},
+      {m_folder.Path("missing.lang"), m_folder.Path("missing.lang") + ": No such file or directory"},
+      {other, other + ": "},
+  };
+  for (const auto& [file, error] : failures) {
+    const ProgramRun run = Run({"--import", file});
+    EXPECT_EQ(run.Status, 1) << file;
+    EXPECT_EQ(run.Output, "");
+    EXPECT_TRUE(run.Errors.starts_with("quillmark-colour: " + error)) << run.Errors;
+  }
+}
+
 TEST_F(BatchColourerTest, AHundredThousandColourWords) {
   std::string definition = "D: ()\nC: #0000FF\nC: #00FF00\n", text, expected;
   for (int i = 0; i < 100'000; ++i) {

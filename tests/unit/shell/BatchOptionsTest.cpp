@@ -10,11 +10,11 @@ using shell::BatchOptions;
 using List = std::vector<std::string>;
 
 std::string Describe(const BatchOptions& options) {
-  static constexpr const char* Tasks[] = {"colour", "list", "help", "version"};
+  static constexpr const char* Tasks[] = {"colour", "import", "list", "help", "version"};
   static constexpr const char* Formats[] = {"rtf", "html", "ansi"};
   return std::string(Tasks[static_cast<int>(options.What)]) + ' ' + Formats[static_cast<int>(options.To)] + " [" +
          options.Template + "] [" + options.File + ']' + (options.Fragment ? " fragment" : "") +
-         (options.Strict ? " strict" : "");
+         (options.Strict ? " strict" : "") + (options.Language.empty() ? "" : " of " + options.Language);
 }
 
 TEST(BatchOptions, RightUsage) {
@@ -27,6 +27,8 @@ TEST(BatchOptions, RightUsage) {
       {{"f", "--template", "--to", "--to", "rtf"}, "colour rtf [--to] [f]"},
       {{"--", "--list"}, "colour rtf [] [--list]"},
       {{"--list"}, "list rtf [] [-]"},
+      {{"--import", "a.lang"}, "import rtf [] [a.lang]"},
+      {{"--language", "b", "--import=a.lang"}, "import rtf [] [a.lang] of b"},
       {{"--version"}, "version rtf [] [-]"},
       {{"--help"}, "help rtf [] [-]"},
       {{"-h"}, "help rtf [] [-]"},
@@ -42,6 +44,11 @@ TEST(BatchOptions, WrongUsageIsStatus2WithTheReason) {
   const std::pair<List, const char*> cases[] = {
       {{"a", "b"}, "more than one file: b"},
       {{"-", "-"}, "more than one file: -"},
+      {{"--import", "a", "b"}, "more than one file: b"},
+      {{"a", "--import", "b"}, "more than one file: b"},
+      {{"--import="}, "--import needs a file"},
+      {{"--import"}, "unknown option, or one without its value: --import"},
+      {{"--language", "b", "a"}, "--language belongs to --import"},
       {{"--to", "pdf"}, "--to takes rtf, html or ansi, not pdf"},
       {{"--to="}, "--to takes rtf, html or ansi, not "},
       {{"--to"}, "unknown option, or one without its value: --to"},

@@ -1,0 +1,116 @@
+#include "import/SciteLexers.h"
+
+#include <algorithm>
+
+namespace import {
+namespace {
+
+constexpr std::string_view Both = "\" \" ' '", Double = "\" \"", Single = "' '";
+constexpr bool AnyCase = false, ExactCase = true, NoEscapes = false, WithEscapes = true;
+
+constexpr SciteLexer Lexers[] = {
+    {"abaqus", "**", "", Double, "33334", AnyCase, NoEscapes},
+    {"ada", "--", "", Double, "3", AnyCase, NoEscapes},
+    {"as", "#", "/* */", Double, "374655", AnyCase},
+    {"asciidoc", "//", "//// ////", "", "3"},
+    {"asm", ";", "", Both, "374657", AnyCase},
+    {"asn1", "--", "", Double, "3744", ExactCase, NoEscapes},
+    {"au3", ";", "#cs #ce #comments-start #comments-end", Both, "37557667", AnyCase, NoEscapes},
+    {"ave", "'", "", Double, "3", AnyCase, NoEscapes},
+    {"avs", "#", "/* */ [* *]", "\" \" \"\"\" \"\"\"", "377774", AnyCase, NoEscapes},
+    {"awk", "#", "", Double, "3"},
+    {"baan", "|", "", Double, "377766777", AnyCase, NoEscapes},
+    {"bash", "#", "", "\" \" ' ' ` `", "3"},
+    {"batch", "rem ::", "", Double, "37", AnyCase, NoEscapes},
+    {"blitzbasic", ";", "", Double, "3", AnyCase, NoEscapes},
+    {"bullant", "#", "@off @on", Double, "3"},
+    {"caml", "", "(* *)", Double, "374"},
+    {"cil", "//", "/* */", Double, "3637"},
+    {"cmake", "#", "", Double, "773", AnyCase},
+    {"cobol", "*>", "", Both, "377", AnyCase, NoEscapes},
+    {"coffeescript", "#", "### ###", "\" \" ' ' \"\"\" \"\"\" ''' '''", "3777"},
+    {"conf", "#", "", Double, "35", AnyCase},
+    {"cpp", "//", "/* */", "\" \" ' ' ` `", "34040", ExactCase, WithEscapes, WordForm::Plain, true},
+    {"csound", ";", "/* */", Double, "755"},
+    {"css", "", "/* */", Both, "363636666", AnyCase},
+    {"d", "//", "/* */ /+ +/", "\" \" ' ' ` `", "3404"},
+    {"dataflex", "//", "", Both, "33377", AnyCase, NoEscapes},
+    {"ecl", "//", "/* */ /+ +/", Single, "7734336", AnyCase},
+    {"eiffel", "--", "", Double, "3", AnyCase, NoEscapes},
+    {"eiffelkw", "--", "", Double, "3", AnyCase, NoEscapes},
+    {"erlang", "%", "", Both, "37666600"},
+    {"escript", "//", "/* */", Double, "743", AnyCase},
+    {"f77", "!", "", Both, "377", AnyCase, NoEscapes},
+    {"flagship", "// &&", "/* */", Both, "373300", AnyCase, NoEscapes},
+    {"forth", "\\", "( )", "S\" \" .\" \"", "373664", AnyCase, NoEscapes},
+    {"fortran", "!", "", Both, "377", AnyCase, NoEscapes},
+    {"freebasic", "' rem", "/' '/", Double, "36", AnyCase, NoEscapes},
+    {"fsharp", "//", "(* *)", "\" \" \"\"\" \"\"\"", "374"},
+    {"gap", "#", "", Both, "3777"},
+    {"haskell", "--", "{- -}", Double, "366"},
+    {"hypertext", "", "<!-- -->", Both, "330000", AnyCase, NoEscapes, WordForm::Tag},
+    {"inno", "; //", "{ }", Both, "367636", AnyCase, NoEscapes},
+    {"json", "//", "/* */", Double, "56"},
+    {"kix", ";", "", Both, "375", AnyCase, NoEscapes},
+    {"latex", "%", "", "", "3", ExactCase, WithEscapes, WordForm::Command},
+    {"lisp", ";", "#| |#", Double, "33"},
+    {"lout", "#", "", Double, "367"},
+    {"lua", "--", "--[[ ]]", "\" \" ' ' [[ ]]", "37777777"},
+    {"makefile", "#", "", "", "3"},
+    {"matlab", "%", "%{ %}", Both, "37", ExactCase, NoEscapes},
+    {"maxima", "", "/* */", Double, "37"},
+    {"metapost", "%", "", Double, "333377"},
+    {"mmixal", "%", "", Double, "375"},
+    {"modula", "", "(* *)", Both, "34760000"},
+    {"nim", "#", "#[ ]#", "\" \" ' ' \"\"\" \"\"\"", "3"},
+    {"nimrod", "#", "", "\" \" ' ' \"\"\" \"\"\"", "3"},
+    {"nncrontab", "# \\", "", Double, "375"},
+    {"nsis", "; #", "/* */", "\" \" ' ' ` `", "3655", AnyCase},
+    {"octave", "# %", "", Both, "37"},
+    {"opal", "--", "/* */", Double, "34"},
+    {"oscript", "//", "/* */", Both, "353477", AnyCase},
+    {"pascal", "//", "{ } (* *)", Single, "33", AnyCase, NoEscapes},
+    {"perl", "#", "", "\" \" ' ' ` `", "3"},
+    {"pov", "//", "/* */", Double, "67757777"},
+    {"powerpro", "; //", "/* */", Both, "377", AnyCase},
+    {"powershell", "#", "<# #>", Both, "377770", AnyCase, NoEscapes},
+    {"props", "#", "", "", "3"},
+    {"ps", "%", "", "", "7777"},
+    {"purebasic", ";", "", Double, "366", AnyCase, NoEscapes},
+    {"python", "#", "", "\" \" ' ' \"\"\" \"\"\" ''' '''", "37"},
+    {"r", "#", "", "\" \" ' ' ` `", "377"},
+    {"raku", "#", "", Both, "3774444"},
+    {"rebol", ";", "", Double, "37477777", AnyCase, NoEscapes},
+    {"registry", ";", "", Double, "3", AnyCase},
+    {"ruby", "#", "=begin =end", "\" \" ' ' ` `", "3"},
+    {"rust", "//", "/* */", Double, "344"},
+    {"sas", "", "/* */", Both, "6377", AnyCase, NoEscapes},
+    {"scriptol", "` //", "/* */", Both, "3"},
+    {"smalltalk", "", "\" \"", Single, "3", ExactCase, NoEscapes},
+    {"sorcins", ";", "", Both, "347", AnyCase},
+    {"specman", "// --", "", Double, "357"},
+    {"spice", "*", "", Double, "376", AnyCase},
+    {"sql", "--", "/* */", Both, "37037447", AnyCase, NoEscapes},
+    {"tacl", "==", "", Double, "376", AnyCase, NoEscapes},
+    {"tal", "--", "", Double, "376", AnyCase, NoEscapes},
+    {"tcl", "#", "", Double, "377733337"},
+    {"tex", "%", "", "", "33333333", ExactCase, WithEscapes, WordForm::Command},
+    {"txt2tags", "%", "", "", "3"},
+    {"vb", "' rem", "", Double, "3766", AnyCase, NoEscapes},
+    {"vbscript", "' rem", "", Double, "3766", AnyCase, NoEscapes},
+    {"verilog", "//", "/* */", Double, "377700"},
+    {"vhdl", "--", "/* */", Double, "3367744", AnyCase, NoEscapes},
+    {"visualprolog", "%", "/* */", Both, "3360"},
+    {"xml", "", "<!-- -->", Both, "300000", ExactCase, NoEscapes, WordForm::Tag},
+    {"yaml", "#", "", Both, "5"},
+};
+
+}  // namespace
+
+const SciteLexer* FindSciteLexer(std::string_view name) {
+  const auto* place =
+      std::find_if(std::begin(Lexers), std::end(Lexers), [&](const SciteLexer& lexer) { return lexer.Name == name; });
+  return place == std::end(Lexers) ? nullptr : place;
+}
+
+}  // namespace import

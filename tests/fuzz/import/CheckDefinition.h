@@ -1,0 +1,27 @@
+#pragma once
+// What every fuzzer of a reader of definitions does with what the reader gives: a template is made of it, which must
+// load without a bad line.
+
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+#include "import/TemplateMaker.h"
+#include "templates/Loader.h"
+#include "templates/Writer.h"
+
+namespace fuzz {
+
+inline void CheckDefinition(import::ReadDefinition read) {
+  if (!read.Error.empty()) return;
+  const std::string text = templates::WriteTemplate(import::MakeTemplate(std::move(read.Read), "d").Template, "d");
+  templates::TemplateFields fields;
+  templates::CollectedMessages messages;
+  std::string helpFile;
+  templates::LoadTemplateText(text, "x.def", fields, {}, messages, helpFile);
+  if (messages.Problems.empty()) return;
+  std::fprintf(stderr, "%s: %s\n", messages.Problems[0].Line.c_str(), messages.Problems[0].Reason.c_str());
+  std::abort();
+}
+
+}  // namespace fuzz

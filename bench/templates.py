@@ -57,6 +57,8 @@ LANGUAGES = {
                                "npm:react-native@0.72.0/**/*.bat", "npm:allure-commandline@2.24.0/dist/**/*.bat"]),
     "CMake": ("CMake", ["/usr/share/**/*.cmake", "/usr/lib/**/*.cmake", "/usr/share/**/CMakeLists.txt"]),
     "CSS": ("CSS", ["/usr/share/**/*.css", "/usr/lib/**/*.css"]),
+    "CSharp": ("C#", ["npm:com.neuecc.unirx@7.1.0/**/*.cs", "npm:jp.keijiro.osc-jack@2.0.0/**/*.cs",
+                      "npm:@react-native-windows/fs@1.0.2/**/*.cs", "npm:jp.keijiro.klak.testtools@3.1.1/**/*.cs"]),
     "Cpp": ("C++", ["/usr/include/**/*.hpp", "/usr/include/qt6/**/*.h", "/usr/include/c++/**/*.h", "/usr/share/**/*.cpp"]),
     "Dockerfile": ("Dockerfile", ["deb:golang-github-openshift-imagebuilder-dev/usr/**/Dockerfile*",
                                   "deb:golang-github-docker-docker-dev/usr/**/Dockerfile*", "/usr/lib/node_modules/**/Dockerfile",
@@ -64,10 +66,13 @@ LANGUAGES = {
     "Fortran": ("Fortran (Free Format)", ["deb:libpetsc3.18-dev-examples/usr/**/*.F90", "deb:fortran-language-server/usr/**/*.f90",
                                           "deb:plplot-doc/usr/**/*.f90", "deb:libhdf5-doc/usr/**/*.f90",
                                           "deb:python3-numpy/usr/**/*.f90"]),
+    "Go": ("Go", ["deb:golang-1.19-src/usr/**/*.go"]),
     "HTML": ("HTML", ["/usr/share/**/*.html"]),
     "INI": ("INI Files", ["/usr/share/**/*.ini", "/usr/share/**/*.desktop", "/usr/lib/systemd/**/*.service", "/etc/**/*.ini"]),
     "JSON": ("JSON", ["/usr/share/**/*.json", "/usr/lib/**/*.json"]),
+    "Java": ("Java", ["npm:react-native@0.72.17/ReactAndroid/**/*.java", "npm:@capacitor/android@8.5.2/**/*.java"]),
     "JavaScript": ("JavaScript", ["/usr/share/**/*.js", "/usr/lib/node_modules/**/*.js"]),
+    "Kotlin": ("Kotlin", ["npm:expo-modules-core@58.0.7/**/*.kt", "npm:expo-updates@57.0.24/**/*.kt", "npm:expo-file-system@58.0.2/**/*.kt"]),
     "Matlab": ("Octave", ["deb:octave-common/usr/share/octave/**/*.m", "deb:octave-statistics/usr/**/*.m", "deb:octave-signal/usr/**/*.m",
                           "deb:octave-control/usr/**/*.m", "deb:octave-image/usr/**/*.m"]),
     "Makefile": ("Makefile", ["/usr/share/**/*.mk", "/usr/share/**/Makefile", "deb:cdbs/usr/**/*.mk", "deb:gnustep-make/usr/**/*.make",
@@ -78,9 +83,12 @@ LANGUAGES = {
     "Python": ("Python", ["/usr/lib/python3*/**/*.py", "/usr/share/**/*.py"]),
     "R": ("R Script", ["deb:r-base-core/usr/**/*.R", "deb:r-cran-mass/usr/**/*.R", "deb:r-cran-survival/usr/**/*.R",
                        "deb:r-cran-shiny/usr/**/*.R", "deb:r-cran-knitr/usr/**/*.R"]),
+    "Rust": ("Rust", ["deb:rust-src/usr/**/library/**/*.rs", "deb:librust-clap-dev/usr/**/*.rs"]),
     "SQL": ("SQL (PostgreSQL)", ["/usr/share/postgresql/**/*.sql", "deb:postgresql-15/**/*.sql", "deb:mediawiki/**/postgres/**/*.sql",
                                  "deb:roundcube-core/usr/**/postgres*.sql", "deb:bacula-director-pgsql/**/*.sql"]),
     "Shell": ("Bash", ["/usr/share/**/*.sh", "/usr/lib/**/*.sh", "/etc/**/*.sh", "/usr/share/bash-completion/completions/*"]),
+    "Swift": ("Swift", ["npm:expo-modules-core@58.0.7/**/*.swift", "npm:@capacitor/ios@8.5.2/**/*.swift",
+                        "npm:react-native-ios-utilities@5.2.0/**/*.swift"]),
     "TOML": ("TOML", ["/usr/lib/**/*.toml", "deb:golang-github-burntsushi-toml-dev/**/*.toml", "deb:librust-clap-dev/**/*.toml",
                       "deb:librust-serde-json-dev/**/*.toml", "deb:librust-tokio-dev/**/*.toml", "deb:librust-regex-dev/**/*.toml",
                       "deb:librust-syn-dev/**/*.toml", "deb:librust-image-dev/**/*.toml"]),
@@ -122,7 +130,9 @@ STYLE_EXCEPTIONS = {
 }
 # By definition: (our class, KDE's style) of characters that both know but call by different names; they are left out.
 LEFT_OUT = {
+    "C#": {(COMMENT, "Keyword"), (COMMENT, "DataType"), (COMMENT, "Others")},  # tags in a documenting comment
     "CMake": {(COMMENT, "DataType"), (COMMENT, "String")},  # code in a documenting comment
+    "Java": {(COMMENT, "Keyword"), (COMMENT, "DecVal"), (COMMENT, "Others")},  # HTML in a documenting comment
     "TOML": {(STRING, "DataType")},  # a name between quotes is a text to us
     "YAML": {(STRING, "Function")},  # the same
     "Markdown": {(OTHER, "Comment"), (WORD, "Comment"), (STRING, "Comment"), (STRING, "Others")},  # links, and code in their text

@@ -18,6 +18,8 @@ install(FILES ${completions}/quillmark-colour.fish DESTINATION ${CMAKE_INSTALL_D
 if(NOT QUILLMARK_CORE_ONLY)
   include(Icons)
   install(TARGETS quillmark RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  install(FILES ${CMAKE_BINARY_DIR}/share/quillmark/Quillmark.hlp ${CMAKE_BINARY_DIR}/share/quillmark/Quillmark.qch
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/quillmark)
   install(FILES ${desktop}/quillmark.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
   install(FILES ${desktop}/quillmark.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
   install(FILES ${desktop}/quillmark.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages)

@@ -232,6 +232,10 @@ BatchOptions ParseBatchOptions(const std::vector<std::string>& arguments) {
   return options;
 }
 
+std::string BatchHelpText() {
+  return std::string(HelpText);
+}
+
 int RunBatchColourer(const BatchOptions& options, const platform::ProgramPlaces& places, int outputDescriptor,
                      std::ostream& errors) {
   if (!options.Error.empty()) {

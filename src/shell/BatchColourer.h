@@ -31,6 +31,9 @@ struct BatchOptions {
 /// Reads the arguments, the program's name not among them.
 BatchOptions ParseBatchOptions(const std::vector<std::string>& arguments);
 
+/// What --help prints.
+std::string BatchHelpText();
+
 /// Does it all: `outputDescriptor` gets what was asked for, `errors` the messages. Returns the exit status.
 int RunBatchColourer(const BatchOptions& options, const platform::ProgramPlaces& places, int outputDescriptor,
                      std::ostream& errors);

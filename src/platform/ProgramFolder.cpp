@@ -68,6 +68,14 @@ std::string FindProgramFolder(const ProgramPlaces& places, bool fill) {
   return HasTemplates(own) || fill || installed.empty() ? own : installed;
 }
 
+std::string FindHelpFile(const std::string& programFolder, const ProgramPlaces& places) {
+  constexpr const char* Name = "Quillmark.hlp";
+  const std::string own = programFolder + "/" + Name;
+  const fs::path beside = (fs::path(places.Executable).parent_path() / "../share/quillmark" / Name).lexically_normal();
+  std::error_code error;
+  return fs::exists(own, error) || !fs::exists(beside, error) ? own : beside.string();
+}
+
 std::vector<std::string> ListFiles(const std::string& folder, const std::string& ending) {
   std::vector<std::pair<std::string, std::string>> found;  // folded name, path
   std::error_code error;

@@ -28,6 +28,10 @@ std::string FindProgramFolder(const ProgramPlaces& places, bool fill);
 /// data/templates beside a build), "" when there is none.
 std::string InstalledFolder(const ProgramPlaces& places);
 
+/// The compiled help: Quillmark.hlp in the program folder, or else as installed or built beside the executable's
+/// folder. Where there is none, the path in the program folder, at which nothing is.
+std::string FindHelpFile(const std::string& programFolder, const ProgramPlaces& places);
+
 /// The files of a folder whose names end with `ending` (compared without regard to case), full paths, sorted by name
 /// without regard to case.
 std::vector<std::string> ListFiles(const std::string& folder, const std::string& ending);

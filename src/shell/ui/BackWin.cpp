@@ -9,6 +9,7 @@
 
 #include "editor/RecoveryOffer.h"
 #include "platform/FileParsing.h"
+#include "platform/ProgramFolder.h"
 #include "settings/TemplateChoice.h"
 #include "shell/CaretPlace.h"
 #include "shell/FileFilters.h"
@@ -42,6 +43,7 @@ BackWin::BackWin(platform::Prompts& prompts, const FramePlaces& places)
       m_aids(*this, *this, places.ProgramFolder) {
   m_values.ProgramFolder = places.ProgramFolder;
   m_values.StartFolder = places.StartFolder;
+  m_values.HelpFile = platform::FindHelpFile(places.ProgramFolder, platform::ProgramPlaces::FromProcess());
   setObjectName(QStringLiteral("BackWin"));
   setWindowTitle(QStringLiteral("Quillmark"));
   setAcceptDrops(true);
@@ -115,6 +117,7 @@ void BackWin::closeEvent(QCloseEvent* event) {
         QTimer::singleShot(0, this, &QWidget::close);
     return;
   }
+  m_help.Hide();
   m_listener.reset();
   if (!std::exchange(m_loaded, false)) return;
   UnloadFrame(*m_lifetime);

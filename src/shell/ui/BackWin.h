@@ -14,6 +14,8 @@
 #include "editor/ui/Mainwin.h"
 #include "platform/qt/ActiveBar.h"
 #include "platform/qt/QtEventLoop.h"
+#include "platform/qt/QtHelp.h"
+#include "platform/qt/QtShell.h"
 #include "platform/qt/QtTimer.h"
 #include "platform/qt/StatusBar.h"
 #include "settings/ToolbarLayout.h"
@@ -22,6 +24,7 @@
 #include "shell/ListedTool.h"
 #include "shell/ProgramValues.h"
 #include "shell/StartUp.h"
+#include "shell/ui/HelpKey.h"
 
 class QMdiSubWindow;
 
@@ -151,7 +154,6 @@ class BackWin : public QMainWindow, private editor::DocumentFrame {
   void RefreshColouring(editor::ui::Mainwin& document);
   void OpenByDialog();
   void NewFromTemplate(const std::string& tool);
-  void ShowAbout();
 
   platform::Prompts& m_prompts;
   ProgramValues m_values;
@@ -165,6 +167,9 @@ class BackWin : public QMainWindow, private editor::DocumentFrame {
   settings::ToolbarLayout m_layout;
   aids::ui::SharedPopups m_popups{*this};
   aids::ui::FrameAids m_aids;
+  platform::qt::QtShell m_shell;
+  platform::qt::QtHelp m_help{m_values.HelpFile, m_prompts, m_shell};
+  HelpKey m_helpKey{m_help};
   std::unique_ptr<FrameLifetime> m_lifetime;
   std::unique_ptr<HandOverListener> m_listener;
   bool m_loaded = false;

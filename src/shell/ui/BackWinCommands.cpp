@@ -95,10 +95,6 @@ void BackWin::BindWindowCommands() {
   });
 }
 
-void BackWin::BindHelpCommands() {
-  m_commands.Bind("miHAbout", [this](const std::string&) { ShowAbout(); });
-}
-
 bool BackWin::Confirmed(const std::string& question) {
   return m_prompts.Show({.Text = question,
                          .Buttons = platform::PromptButtons::YesNo,
@@ -126,12 +122,6 @@ void BackWin::RefreshColouring(editor::ui::Mainwin& document) {
 void BackWin::OpenByDialog() {
   const std::string path = GetOpenFile("Open Script", TemplateTypes, "");
   if (!path.empty()) OpenFile(path);
-}
-
-void BackWin::ShowAbout() {
-  m_prompts.Show({.Text = "Quillmark " QUILLMARK_VERSION "\n\nA script editor whose languages come from plain-text "
-                          "templates.\nFree software under the GNU General Public License, version 3 or later.",
-                  .Icon = platform::PromptIcon::Information});
 }
 
 }  // namespace shell::ui

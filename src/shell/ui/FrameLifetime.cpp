@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "editor/rtfscan/Scanners.h"
+#include "platform/ProgramFolder.h"
 #include "settings/RegistryFile.h"
 #include "shell/ui/FramePlacement.h"
 
@@ -38,7 +39,8 @@ void FrameLifetime::PreLoad() {
 }
 
 void FrameLifetime::SetHelpFile() {
-  m_parts.Values.HelpFile = m_parts.Values.ProgramFolder + "/Quillmark.hlp";
+  m_parts.Values.HelpFile =
+      platform::FindHelpFile(m_parts.Values.ProgramFolder, platform::ProgramPlaces::FromProcess());
 }
 
 std::array<std::string, 3> FrameLifetime::LoadSettings() {

@@ -76,4 +76,13 @@ TEST_F(ProgramFolderTest, ListsInOrderOfNamesWithoutRegardToCase) {
   EXPECT_EQ(ListFiles(m_folder.Path("missing"), ".def"), std::vector<std::string>{});
 }
 
+TEST_F(ProgramFolderTest, TheHelpIsTheFoldersOwnOrTheInstalledOne) {
+  const std::string own = m_folder.Path("home/Quillmark.hlp");
+  EXPECT_EQ(FindHelpFile(m_folder.Path("home"), m_places), own) << "the path to tell when there is none";
+  m_folder.Write("usr/share/quillmark/Quillmark.hlp", "");
+  EXPECT_EQ(FindHelpFile(m_folder.Path("home"), m_places), m_folder.Path("usr/share/quillmark/Quillmark.hlp"));
+  m_folder.Write("home/Quillmark.hlp", "");
+  EXPECT_EQ(FindHelpFile(m_folder.Path("home"), m_places), own);
+}
+
 }  // namespace

@@ -1,0 +1,146 @@
+// Help from where the user is: F1 in windows and dialogs, the commands of the Help menu, the about box.
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QLabel>
+#include <QMessageBox>
+#include <QTest>
+#include <QTimer>
+
+#include "platform/qt/HelpWindow.h"
+#include "platform/qt/QtPrompts.h"
+#include "shell/ui/BackWin.h"
+#include "tests/support/ScriptedPrompts.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace {
+
+using platform::qt::HelpCollection;
+using platform::qt::HelpWindow;
+
+class HelpKeyTest : public testing::Test {
+ protected:
+  HelpKeyTest() {
+    m_frame.show();
+    m_frame.activateWindow();
+    EXPECT_TRUE(ComesToFront(&m_frame));
+  }
+
+  QAction* Tool(const char* name) const { return m_frame.findChild<QAction*>(QLatin1String(name)); }
+
+  static HelpWindow* Help() {
+    for (QWidget* window : QApplication::topLevelWidgets())
+      if (auto* help = qobject_cast<HelpWindow*>(window)) return help;
+    return nullptr;
+  }
+  /// The page shown, "" when the help is not on the screen.
+  static std::string Page() {
+    HelpWindow* help = Help();
+    return help && help->isVisible() ? HelpCollection::PageOf(help->Page().source()) : "";
+  }
+
+  static bool ComesToFront(const QWidget* window) {
+    return QTest::qWaitFor([&] { return QApplication::activeWindow() == window; });
+  }
+
+  /// Presses F1 in the dialog that comes up, and closes both windows. Gives the dialog's name and the page.
+  static void PressInDialog(std::string& seen) {
+    QWidget* dialog = QApplication::activeModalWidget();
+    if (!dialog) return QTimer::singleShot(0, [&seen] { PressInDialog(seen); });
+    EXPECT_TRUE(ComesToFront(dialog));
+    QWidget* focus = dialog->focusWidget() ? dialog->focusWidget() : dialog;
+    QTest::keyClick(focus, Qt::Key_F1);
+    seen = dialog->objectName().toStdString() + ": " + Page();
+    if (HelpWindow* help = Help(); help && help->isVisible()) {
+      EXPECT_TRUE(ComesToFront(help));
+      QTest::keyClick(help, Qt::Key_Home, Qt::AltModifier);
+      seen += HelpCollection::PageOf(help->Page().source()) == "index.html" ? "" : ", which is blocked";
+      help->close();
+    }
+    dialog->close();
+  }
+
+  std::string PageOfDialog(const char* tool) {
+    std::string seen;
+    QTimer::singleShot(0, [&seen] { PressInDialog(seen); });
+    Tool(tool)->trigger();
+    return seen;
+  }
+
+  tests::TemporaryFolder m_folder;
+  tests::ScriptedPrompts m_prompts;
+  shell::ui::BackWin m_frame{m_prompts, QUILLMARK_SOURCE_DIR "/data/templates"};
+};
+
+TEST_F(HelpKeyTest, F1OpensThePageOfTheDialogWhichStaysUsable) {
+  m_frame.OpenFile(m_folder.Write("a.js", "var date;\n"));
+  const std::pair<const char*, const char*> cases[] = {
+      {"Options", "frmOptions: options.html"},
+      {"fntSet", "frmFontSet: fonts.html"},
+      {"Associations", "frmAssociations: associations.html"},
+      {"miEditSynonyms", "frmSynonyms: edit-synonyms.html"},
+      {"miAddSynonym", "frmSynonymSelect: select-synonym.html"},
+      {"miHAbout", "AboutBox: about.html"},
+  };
+  for (const auto& [tool, seen] : cases) EXPECT_EQ(PageOfDialog(tool), seen);
+  Tool("miFind")->trigger();
+  QWidget* find = nullptr;
+  for (QWidget* window : QApplication::topLevelWidgets())
+    if (window->objectName() == QLatin1String("FindReplace")) find = window;
+  ASSERT_NE(find, nullptr);
+  QTest::keyClick(find->focusWidget() ? find->focusWidget() : find, Qt::Key_F1);
+  EXPECT_EQ(Page(), "find-replace.html");
+  QTest::keyClick(Help(), Qt::Key_F1);
+  EXPECT_EQ(Page(), "help-window.html");
+}
+
+TEST_F(HelpKeyTest, F1InTheFrameIsTheCommandAndInAMessageThePageOfItsWindow) {
+  QTest::keyClick(&m_frame, Qt::Key_F1);
+  EXPECT_EQ(Page(), "index.html") << "without a document it opens the contents";
+  Help()->close();
+  editor::ui::Mainwin* document = (m_frame.OpenFile(m_folder.Write("a.js", "zzz\n")), m_frame.ActiveDocument());
+  m_prompts.Expect({.Text = "No help is available for \"zzz\".  Sorry."});
+  QTest::keyClick(document->TextArea().viewport(), Qt::Key_F1);
+  EXPECT_EQ(Page(), "");
+
+  platform::qt::QtPrompts prompts;
+  m_frame.activateWindow();
+  EXPECT_TRUE(ComesToFront(&m_frame));
+  std::string seen;
+  QTimer::singleShot(0, [&seen] { PressInDialog(seen); });
+  prompts.Show({.Text = "A message"});
+  EXPECT_EQ(seen, ": frame.html");
+}
+
+TEST_F(HelpKeyTest, TheHelpMenuOpensContentsAndKeywords) {
+  Tool("miHContents")->trigger();
+  EXPECT_EQ(Page(), "index.html");
+  auto* tabs = Help()->findChild<QTabWidget*>(QStringLiteral("HelpNavigation"));
+  EXPECT_EQ(tabs->currentIndex(), 0);
+  Tool("miHSearch")->trigger();
+  EXPECT_EQ(tabs->currentIndex(), 1);
+  EXPECT_EQ(Help()->focusWidget()->objectName(), QStringLiteral("HelpKeyword"));
+  m_frame.close();
+  EXPECT_EQ(Page(), "") << "it goes with the frame";
+}
+
+TEST_F(HelpKeyTest, TheAboutBoxTellsVersionsAndShowsTheLicence) {
+  std::string texts;
+  QTimer::singleShot(0, [&] {
+    QWidget* box = QApplication::activeModalWidget();
+    for (const QLabel* label : box->findChildren<QLabel*>()) texts += label->text().toStdString() + '\n';
+    Q_EMIT box->findChild<QLabel*>(QStringLiteral("lblLicence"))->linkActivated(QStringLiteral("licence.html"));
+    box->close();
+  });
+  Tool("miHAbout")->trigger();
+  for (const std::string& part : {std::string("Quillmark 3."), std::string("GPL-3.0-or-later"), std::string(qVersion()),
+                                  std::string("qscintilla2")})
+    EXPECT_NE(texts.find(part), std::string::npos) << part << " is missing in: " << texts;
+  EXPECT_EQ(Page(), "licence.html");
+  EXPECT_TRUE(Help()->Page().toPlainText().contains(QStringLiteral("TERMS AND CONDITIONS")));
+}
+
+}  // namespace

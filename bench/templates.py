@@ -75,6 +75,7 @@ LANGUAGES = {
     "Kotlin": ("Kotlin", ["npm:expo-modules-core@58.0.7/**/*.kt", "npm:expo-updates@57.0.24/**/*.kt", "npm:expo-file-system@58.0.2/**/*.kt"]),
     "Matlab": ("Octave", ["deb:octave-common/usr/share/octave/**/*.m", "deb:octave-statistics/usr/**/*.m", "deb:octave-signal/usr/**/*.m",
                           "deb:octave-control/usr/**/*.m", "deb:octave-image/usr/**/*.m"]),
+    "LaTeX": ("LaTeX", ["deb:texlive-humanities-doc/usr/**/*.tex", "/usr/share/doc/texlive-doc/latex/**/*.tex"]),
     "Makefile": ("Makefile", ["/usr/share/**/*.mk", "/usr/share/**/Makefile", "deb:cdbs/usr/**/*.mk", "deb:gnustep-make/usr/**/*.make",
                               "deb:libpetsc3.18-dev-examples/usr/**/makefile"]),
     "Markdown": ("Markdown", ["/usr/share/**/*.md", "/usr/lib/**/*.md"]),

@@ -1,10 +1,12 @@
 #!/usr/bin/env python3
 """install_test.py SOURCE BUILD: installs BUILD into a folder of its own and checks what lies there and how it runs."""
 
+import contextlib
 import os
 import pathlib
 import re
 import shutil
+import sqlite3
 import struct
 import subprocess
 import sys
@@ -66,6 +68,12 @@ class Installed(unittest.TestCase):
             status = editor.poll()
             editor.terminate()
             self.assertEqual((status, self.names_in(own) & TEMPLATES), (None, TEMPLATES), editor.stderr.read())
+
+    def test_the_help_finds_its_pages_beside_it(self):
+        with contextlib.closing(sqlite3.connect(f"file:{self.share}/quillmark/Quillmark.hlp?mode=ro", uri=True)) as collection:
+            pages = [row[0] for row in collection.execute("SELECT FilePath FROM NamespaceTable")]
+        self.assertEqual(pages, ["Quillmark.qch"])
+        self.assertGreater((self.share / "quillmark/Quillmark.qch").stat().st_size, 100_000)
 
     @staticmethod
     def names_in(folder):

@@ -132,8 +132,8 @@ std::string BandTable(std::string_view name, const CommandPlace& place) {
   for (const BandEntry& entry : band->Tools) {
     if (entry.Name == platform::Separator) continue;
     const ToolDesign& tool = ToolNamed(entry.Name);
-    const std::string caption = IconOf(tool) + Escaped(CaptionOf(tool));
-    rows += Row({tool.HasCommand ? Link(place(tool.Name), caption) : caption,
+    const std::string caption = Escaped(CaptionOf(tool));
+    rows += Row({IconOf(tool) + (tool.HasCommand ? Link(place(tool.Name), caption) : caption),
                  tool.HasCommand ? Escaped(tool.Description) : "a menu of its own", Escaped(tool.Shortcut)});
   }
   return Table({"Command", "What it does", "Shortcut"}, rows);

@@ -111,10 +111,10 @@ void HelpNavigation::Search(const QString& query) {
     item->setData(AddressRole, HelpCollection::UrlOf(hit.Page->Address));
   }
   m_hits->setCurrentRow(0);
-  m_count->setText(empty          ? tr("Pages that have all the words, or words that begin with them.")
-                   : hits.empty() ? tr("No page has all of these words.")
-                                  : tr("%n page(s)", nullptr, static_cast<int>(hits.size()))
-                                        .replace(QLatin1String("(s)"), QLatin1String(hits.size() == 1 ? "" : "s")));
+  m_count->setText(empty              ? tr("Pages that have all the words, or words that begin with them.")
+                   : hits.empty()     ? tr("No page has all of these words.")
+                   : hits.size() == 1 ? tr("1 page")
+                                      : tr("%1 pages").arg(hits.size()));
 }
 
 void HelpNavigation::Open(const QListWidgetItem* hit) {

@@ -74,7 +74,7 @@ TEST(HelpPages, ContentsAndKeywordsLeadSomewhereAndToEveryPage) {
   std::set<std::string> reached;
   for (const std::string& address : AllOf(toc, " ref=\"([^\"]*)\"")) {
     EXPECT_TRUE(IsThere(address, "")) << address;
-    reached.insert(address);
+    EXPECT_TRUE(reached.insert(address).second) << "twice in the contents, which follow the page shown: " << address;
   }
   for (const auto& [name, text] : Pages())
     EXPECT_TRUE(!name.ends_with(".html") || reached.contains(name)) << name << " is in no contents";

@@ -50,8 +50,13 @@ BUILD = pathlib.Path(os.environ.get("QUILLMARK_BUILD_DIR", ROOT / "build"))
 THEME = BUILD / "template-sources" / "theme"
 TEMPLATES = ROOT / "data" / "templates"
 
-# Template: (KDE's definition, where its sources are: places as in real_files.py).
+# Template: (KDE's definition, where its sources are: places as in real_files.py). What stands behind "/" in a name tells rows
+# of one template apart, for which KDE has several definitions.
 LANGUAGES = {
+    "Assembler/GNU": ("GNU Assembler", ["npm:ffi-napi@4.0.3/deps/libffi/src/x86/*.S", "/usr/share/go-1.19/src/runtime/**/gcc_amd64.S",
+                                        "/usr/share/go-1.19/src/runtime/**/gcc_386.S", "deb:librust-psm-dev/usr/**/x86_64.s",
+                                        "deb:librust-blake3-dev/usr/**/*.S"]),
+    "Assembler/NASM": ("Intel x86 (NASM)", ["deb:librust-rav1e-dev/usr/**/*.asm"]),
     "Batch": ("MS-DOS Batch", ["/usr/share/**/*.bat", "/usr/lib/**/*.cmd", "deb:libboost1.81-tools-dev/usr/**/*.bat",
                                "npm:cordova-windows@7.0.1/**/*.bat", "npm:cordova-android@9.0.0/**/*.bat",
                                "npm:react-native@0.72.0/**/*.bat", "npm:allure-commandline@2.24.0/dist/**/*.bat"]),
@@ -73,12 +78,12 @@ LANGUAGES = {
     "Java": ("Java", ["npm:react-native@0.72.17/ReactAndroid/**/*.java", "npm:@capacitor/android@8.5.2/**/*.java"]),
     "JavaScript": ("JavaScript", ["/usr/share/**/*.js", "/usr/lib/node_modules/**/*.js"]),
     "Kotlin": ("Kotlin", ["npm:expo-modules-core@58.0.7/**/*.kt", "npm:expo-updates@57.0.24/**/*.kt", "npm:expo-file-system@58.0.2/**/*.kt"]),
-    "Matlab": ("Octave", ["deb:octave-common/usr/share/octave/**/*.m", "deb:octave-statistics/usr/**/*.m", "deb:octave-signal/usr/**/*.m",
-                          "deb:octave-control/usr/**/*.m", "deb:octave-image/usr/**/*.m"]),
     "LaTeX": ("LaTeX", ["deb:texlive-humanities-doc/usr/**/*.tex", "/usr/share/doc/texlive-doc/latex/**/*.tex"]),
     "Makefile": ("Makefile", ["/usr/share/**/*.mk", "/usr/share/**/Makefile", "deb:cdbs/usr/**/*.mk", "deb:gnustep-make/usr/**/*.make",
                               "deb:libpetsc3.18-dev-examples/usr/**/makefile"]),
     "Markdown": ("Markdown", ["/usr/share/**/*.md", "/usr/lib/**/*.md"]),
+    "Matlab": ("Octave", ["deb:octave-common/usr/share/octave/**/*.m", "deb:octave-statistics/usr/**/*.m", "deb:octave-signal/usr/**/*.m",
+                          "deb:octave-control/usr/**/*.m", "deb:octave-image/usr/**/*.m"]),
     "Pascal": ("Pascal", ["deb:fpc-source-3.2.2/usr/share/fpcsrc/**/*.pp", "deb:fpc-source-3.2.2/usr/share/fpcsrc/**/*.pas"]),
     "PowerShell": ("PowerShell", ["deb:ansible/usr/**/*.ps1", "deb:ansible/usr/**/*.psm1", "/usr/lib/node_modules/**/*.ps1"]),
     "Python": ("Python", ["/usr/lib/python3*/**/*.py", "/usr/share/**/*.py"]),
@@ -100,6 +105,11 @@ LANGUAGES = {
     "YAML": ("YAML", ["/usr/share/**/*.yml", "/usr/lib/**/*.yml", "npm:fastify@4.26.0/**/*.yml", "deb:ansible/**/*.yml",
                       "deb:cloud-init/**/*.yaml", "deb:netplan.io/**/*.yaml", "deb:rubocop/**/*.yml"]),
 }
+
+
+def template_of(name):
+    return name.partition("/")[0]
+
 
 # Templates that KDE has no definition for.
 WITHOUT_DEFINITION = set()
@@ -257,7 +267,7 @@ class Comparison:
 
     def __init__(self, name, colourer):
         self.definition, places = LANGUAGES[name]
-        self.template, self.colourer = Template(name), colourer
+        self.template, self.colourer = Template(template_of(name)), colourer
         left_out = LEFT_OUT.get(self.definition, set())
         self.verdicts = {(ours, i): None if (ours, style) in left_out else verdict(ours, class_of_style(self.definition, style), style)
                          for ours in range(len(CLASS_NAMES)) for i, style in enumerate(STYLES)}
@@ -382,12 +392,14 @@ def main():
     parser.add_argument("--files", action="store_true")
     options = parser.parse_args()
     shipped = sorted(path.stem for path in TEMPLATES.glob("*.def"))
-    names = options.templates or ([options.show] if options.show else [name for name in shipped if name in LANGUAGES])
-    if unknown := [name for name in names if name not in shipped or name not in LANGUAGES]:
-        print(f"No template that ships and can be compared: {', '.join(unknown)}", file=sys.stderr)
+    asked = options.templates or ([options.show] if options.show else [])
+    names = [name for name in LANGUAGES if template_of(name) in shipped and (not asked or {name, template_of(name)} & {*asked})]
+    if unknown := set(asked) - set(names) - set(map(template_of, names)):
+        print(f"No template that ships and can be compared: {', '.join(sorted(unknown))}", file=sys.stderr)
         return 2
     failed = report(names, options)
-    if forgotten := [name for name in shipped if name not in LANGUAGES and name not in WITHOUT_DEFINITION]:
+    compared = set(map(template_of, LANGUAGES))
+    if forgotten := [name for name in shipped if name not in compared and name not in WITHOUT_DEFINITION]:
         print(f"In no table of bench/templates.py: {', '.join(forgotten)}", file=sys.stderr)
         failed = True
     return 1 if failed else 0

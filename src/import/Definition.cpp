@@ -45,6 +45,12 @@ void TakeCredits(Definition& definition, std::span<const std::string> comments) 
   }
 }
 
+void Definition::LoseNames(std::size_t line, std::span<const std::string> names) {
+  std::string all;
+  for (const std::string& name : names) all += (all.empty() ? "" : ", ") + name;
+  if (!all.empty()) Lose(line, "A template is found by extension, not by these names: " + all + '.');
+}
+
 bool IsPlainFileName(std::string_view name) {
   return !name.empty() && name.size() <= 255 && !name.starts_with('.') &&
          name.find_first_of(std::string_view("/\\\0", 3)) == std::string_view::npos;

@@ -63,6 +63,8 @@ struct Definition {
 
   /// Notes something that is not carried over.
   void Lose(std::size_t line, std::string what) { Losses.push_back({File, line, std::move(what)}); }
+  /// Notes names of files that a template cannot be found by, if there are any.
+  void LoseNames(std::size_t line, std::span<const std::string> names);
 };
 
 /// What a reader gives: the definition, or why there is none.

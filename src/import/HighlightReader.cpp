@@ -184,8 +184,7 @@ void Reader::TakeExtensions(const NeighbourFiles& neighbours) {
     for (const LuaField& field : FieldsOf(types.At("FileMapping"))) {
       if (At(field.Value, "Lang").Text != title) continue;
       for (std::string& extension : TextsOf(At(field.Value, "Extensions"))) extensions.push_back(std::move(extension));
-      for (const std::string& name : TextsOf(At(field.Value, "Filenames")))
-        Lose(0, "A template is found by extension, not by the whole name \"" + name + "\".");
+      m_definition.LoseNames(0, TextsOf(At(field.Value, "Filenames")));
     }
   }
   if (std::find(extensions.begin(), extensions.end(), title) == extensions.end())

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "import/HighlightReader.h"
+#include "import/KdeReader.h"
 #include "import/SciteReader.h"
 #include "import/TemplateMaker.h"
 #include "platform/FileParsing.h"
@@ -32,7 +33,9 @@ ReadDefinition ReadAny(const std::string& path, std::string_view text, const std
   const std::string name = platform::FileNameOf(path);
   if (extension == "lang") return ReadHighlight(text, name, FilesBeside(path));
   if (extension == "properties") return ReadScite(text, name, language, FilesBeside(path));
-  return ReadDefinition::Failed(0, "A definition is a file \".properties\" of SciTE or \".lang\" of highlight.");
+  if (extension == "xml") return ReadKde(text, name, FilesBeside(path));
+  return ReadDefinition::Failed(
+      0, "A definition is a file \".xml\" of KDE, \".properties\" of SciTE or \".lang\" of highlight.");
 }
 
 }  // namespace

@@ -140,13 +140,15 @@ std::string Reader::NameOfLanguage() const {
 }
 
 void Reader::TakeExtensions() {
+  std::vector<std::string> names;
   for (const std::string& pattern : m_patterns) {
     const std::string extension = pattern.starts_with("*.") ? pattern.substr(2) : "";
     if (!extension.empty() && extension.find_first_of("*.?$") == std::string::npos)
       m_definition.Extensions.push_back(extension);
     else
-      Lose(m_language.Line, "A template is found by extension, not by the name \"" + pattern + "\".");
+      names.push_back(pattern);
   }
+  m_definition.LoseNames(m_language.Line, names);
 }
 
 void Reader::TakeDelimeters() {

@@ -105,7 +105,8 @@ void Maker::TakeRange(Range range) {
   // A letter before a quote would be found inside longer words too; the quote alone is found everywhere.
   const std::size_t mark = range.Start.find_first_of(m_definition.Delimeters);
   if (mark != std::string::npos && mark > 0 && IsWordCharacter(range.Start[0])) {
-    if (std::string_view("\"'`").find(range.Start[mark]) != std::string_view::npos)
+    const bool isQuote = std::string_view("\"'`").find(range.Start[mark]) != std::string_view::npos;
+    if (isQuote && (range.Start.size() > mark + 1 || range.End == range.Start.substr(mark)))
       range.Start.erase(0, mark);
     else if (mark <= 2)
       return Lose(range.Line,

@@ -2,12 +2,13 @@
 // What SciTE's lexers know by themselves: its property files give the words, but what begins a comment or a string is
 // built into the lexer that they name.
 
+#include <cstdint>
 #include <string_view>
 
 namespace import {
 
 /// How the words of a lexer stand in a script.
-enum class WordForm {
+enum class WordForm : std::uint8_t {
   Plain,
   Tag,      ///< an element's name: "<word" and "</word"
   Command,  ///< "\word"

@@ -139,6 +139,8 @@ STYLE_EXCEPTIONS = {
     "Markdown": {"Function": KEYWORD, "Information": STRING, "SpecialString": OTHER, "Alert": OTHER, "Annotation": OTHER},  # headings, code, lists, pictures
     "R Script": {"SpecialChar": OTHER},  # operators
 }
+# Where the quotes around a text have the style of an operator.
+QUOTE_STYLES = {"Perl": "Others"}
 # By definition: (our class, KDE's style) of characters that both know but call by different names; they are left out.
 LEFT_OUT = {
     "C#": {(COMMENT, "Keyword"), (COMMENT, "DataType"), (COMMENT, "Others")},  # tags in a documenting comment
@@ -149,6 +151,7 @@ LEFT_OUT = {
     "Markdown": {(OTHER, "Comment"), (WORD, "Comment"), (STRING, "Comment"), (STRING, "Others")},  # links, and code in their text
     # The value of a variable is a text to KDE, with or without quotes, and so is every sign in it.
     "Makefile": {(ours, style) for ours in (OTHER, KEYWORD, WORD) for style in ("String", "Char", "SpecialString")},
+    "Perl": {(OTHER, "Char")},  # signs of a regular expression, which is code to us
     "PowerShell": {(WORD, "Comment")},  # what #Requires asks for is a statement
     "Python": {(STRING, "Comment")},  # a text that stands alone documents; no other comment is a text to us
 }
@@ -245,7 +248,10 @@ def classify_with_kde(definition, path):
             style = int(colour[4:], 16) if colour else 0
         parts.append(piece)
         keyword = class_of_style(definition, STYLES[style]) == KEYWORD
-        numbers += without_signs(piece, style, STYLES.index("Operator")) if keyword else bytes([style]) * len(piece)
+        if STYLES[style] == QUOTE_STYLES.get(definition):
+            numbers += bytes(STYLES.index("String") if sign in QUOTES else style for sign in piece)
+        else:
+            numbers += without_signs(piece, style, STYLES.index("Operator")) if keyword else bytes([style]) * len(piece)
     return without_blanks("".join(parts), numbers)
 
 

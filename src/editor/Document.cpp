@@ -4,6 +4,7 @@
 #include "editor/TextDifference.h"
 #include "platform/FileParsing.h"
 #include "platform/Files.h"
+#include "settings/TemplateQuestions.h"
 #include "templates/Loader.h"
 
 namespace editor {
@@ -175,12 +176,7 @@ void Document::OfferAssociation(const std::string& fileName) {
   if (m_state.CurFileName.empty()) return;
   const std::string extension = platform::FileExtension(platform::FileNameOf(m_state.CurFileName));
   if (!m_frame.GetTemplateOf(extension).empty()) return;
-  const auto answer =
-      m_frame.Prompts().Show({.Text = "Would you like to use this template for all ." + extension + " files?",
-                              .Buttons = platform::PromptButtons::YesNo,
-                              .Icon = platform::PromptIcon::Question,
-                              .Default = platform::PromptAnswer::Yes});
-  if (answer != platform::PromptAnswer::Yes) return;
+  if (!settings::WantsForAllFiles(m_frame.Prompts(), extension)) return;
   m_frame.AddAssociation({"", extension, fileName});
   m_state.Template.TemplateChosen = false;
 }

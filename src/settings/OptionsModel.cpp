@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "platform/Files.h"
+#include "settings/TemplateQuestions.h"
 #include "templates/Values.h"
 
 namespace settings {
@@ -44,10 +45,7 @@ std::vector<std::string> OptionsModel::TemplateEntries() const {
 }
 
 std::string OptionsModel::Browse(const std::string& programFolder) const {
-  return m_prompts.AskOpenFile({.Title = "Select Template",
-                                .Filters = {{"Template Definition File", {"*.def"}}, {"All Files", {"*.*"}}},
-                                .Folder = programFolder,
-                                .SuggestedName = ""});
+  return SelectTemplate(m_prompts, programFolder);
 }
 
 std::optional<std::string> OptionsModel::DefaultTemplate(const OptionsForm& form) const {

@@ -2,29 +2,16 @@
 
 #include "platform/FileParsing.h"
 #include "platform/Files.h"
+#include "settings/TemplateQuestions.h"
 
 namespace settings {
 namespace {
 
-std::string FirstOf(const std::vector<templates::Template>& list, std::string_view extension) {
-  for (const templates::Template& record : list)
-    if (templates::NamesExtension(record.Extension, extension)) return record.FileName;
-  return "";
-}
-
 /// The template that the user picks; none when cancelled.
 std::string AskTemplate(const std::string& extension, const TemplateSources& sources, platform::Prompts& prompts) {
-  const std::string file =
-      prompts.AskOpenFile({.Title = "Select Template",
-                           .Filters = {{"Template Definition File", {"*.def"}}, {"All Files", {"*.*"}}},
-                           .Folder = sources.ProgramFolder,
-                           .SuggestedName = ""});
+  const std::string file = SelectTemplate(prompts, sources.ProgramFolder);
   if (file.empty()) return templates::NoTemplate;
-  const auto answer = prompts.Show({.Text = "Would you like to use this template for all ." + extension + " files?",
-                                    .Buttons = platform::PromptButtons::YesNo,
-                                    .Icon = platform::PromptIcon::Question,
-                                    .Default = platform::PromptAnswer::Yes});
-  if (answer == platform::PromptAnswer::Yes) sources.Values.Associations.push_back({"", extension, file});
+  if (WantsForAllFiles(prompts, extension)) sources.Values.Associations.push_back({"", extension, file});
   return file;
 }
 
@@ -39,8 +26,8 @@ bool MayOpen(const std::string& path, platform::Prompts& prompts) {
 
 std::string GetTemplateOf(std::string_view extension, const std::vector<templates::Template>& templateList,
                           const std::vector<templates::Template>& associations) {
-  const std::string file = FirstOf(templateList, extension);
-  return file.empty() ? FirstOf(associations, extension) : file;
+  const std::string file = templates::FileOfExtension(templateList, extension);
+  return file.empty() ? templates::FileOfExtension(associations, extension) : file;
 }
 
 ChosenTemplate ChooseTemplate(const std::string& path, const TemplateSources& sources, platform::Prompts& prompts) {

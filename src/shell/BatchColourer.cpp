@@ -76,7 +76,7 @@ int List(const platform::ProgramPlaces& places, DescriptorSink& sink) {
 std::string ChooseTemplate(const BatchOptions& options, const platform::ProgramPlaces& places) {
   if (!options.Template.empty()) return options.Template;
   const std::string extension = platform::FileExtension(platform::FileNameOf(options.File));
-  return TemplateOfExtension(ReadTemplateList(platform::FindProgramFolder(places, false)), extension);
+  return templates::FileOfExtension(ReadTemplateList(platform::FindProgramFolder(places, false)), extension);
 }
 
 /// Loads the template and reports its bad lines; false when it cannot be used.

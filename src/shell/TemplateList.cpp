@@ -1,5 +1,8 @@
 #include "shell/TemplateList.h"
 
+#include <algorithm>
+
+#include "platform/FileParsing.h"
 #include "platform/ProgramFolder.h"
 #include "templates/HeaderScan.h"
 
@@ -12,10 +15,11 @@ std::vector<templates::Template> ReadTemplateList(const std::string& folder) {
   return list;
 }
 
-std::string TemplateOfExtension(const std::vector<templates::Template>& list, std::string_view extension) {
-  for (const templates::Template& record : list)
-    if (templates::NamesExtension(record.Extension, extension)) return record.FileName;
-  return "";
+void AddExtraTemplate(std::vector<templates::Template>& extra, const std::string& path,
+                      const std::string& programFolder) {
+  const auto is = [&](const templates::Template& record) { return record.FileName == path; };
+  if (platform::FolderOf(path) == programFolder + '/' || std::any_of(extra.begin(), extra.end(), is)) return;
+  extra.push_back({.Name = "", .Extension = "", .FileName = path});
 }
 
 }  // namespace shell

@@ -1,8 +1,7 @@
 #pragma once
-// The templates that the program knows: those of the program folder, by name and by extension.
+// The templates that the program knows: those of the program folder, and those that the user has picked elsewhere.
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "templates/Model.h"
@@ -13,7 +12,8 @@ namespace shell {
 /// listed without name and extension.
 std::vector<templates::Template> ReadTemplateList(const std::string& folder);
 
-/// The template file for an extension (without ".", any letter case): the first of the list that names it; "" for none.
-std::string TemplateOfExtension(const std::vector<templates::Template>& list, std::string_view extension);
+/// Keeps a template that the user has picked among the extra ones, unless it is there or in the program folder.
+void AddExtraTemplate(std::vector<templates::Template>& extra, const std::string& path,
+                      const std::string& programFolder);
 
 }  // namespace shell

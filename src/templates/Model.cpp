@@ -84,4 +84,10 @@ bool NamesExtension(std::string_view list, std::string_view extension) {
                      [&](const std::string& entry) { return rich_text::LowerCase(entry) == wanted; });
 }
 
+std::string FileOfExtension(const std::vector<Template>& list, std::string_view extension) {
+  for (const Template& record : list)
+    if (NamesExtension(record.Extension, extension)) return record.FileName;
+  return "";
+}
+
 }  // namespace templates

@@ -139,4 +139,7 @@ std::vector<std::string> ExtensionsOf(std::string_view list);
 /// Whether an extension (without ".", any letter case) is one of those that `list` names, separated by ";".
 bool NamesExtension(std::string_view list, std::string_view extension);
 
+/// The file of the first template that names the extension (without ".", any letter case); "" for none.
+std::string FileOfExtension(const std::vector<Template>& list, std::string_view extension);
+
 }  // namespace templates

@@ -11,8 +11,10 @@
 #include "platform/FileParsing.h"
 #include "platform/ProgramFolder.h"
 #include "settings/TemplateChoice.h"
+#include "settings/TemplateQuestions.h"
 #include "shell/CaretPlace.h"
 #include "shell/FileFilters.h"
+#include "shell/TemplateList.h"
 #include "shell/ToolTable.h"
 #include "shell/ui/FrameLifetime.h"
 #include "shell/ui/FramePlacement.h"
@@ -180,9 +182,8 @@ std::string BackWin::GetSaveFile(std::string_view title, std::string_view extNam
 }
 
 std::string BackWin::AskTemplate() {
-  const std::string path = GetOpenFile("Select Template", "Template Definition File", "def", m_values.ProgramFolder);
-  if (!path.empty() && platform::FolderOf(path) != m_values.ProgramFolder + '/')
-    m_values.ExtraTemplates.push_back({.Name = "", .Extension = "", .FileName = path});
+  const std::string path = settings::SelectTemplate(m_prompts, m_values.ProgramFolder);
+  if (!path.empty()) AddExtraTemplate(m_values.ExtraTemplates, path, m_values.ProgramFolder);
   return path;
 }
 

@@ -24,7 +24,7 @@ TEST(TemplateList, OneRecordAFileAndTheFirstThatNamesAnExtension) {
   const std::pair<const char*, const char*> cases[] = {
       {"js", "A.DEF"}, {"JS", "A.DEF"}, {"html", "A.DEF"}, {"htm", "b.def"}, {"txt", ""}, {"", ""}, {"html;js", ""}};
   for (const auto& [extension, file] : cases)
-    EXPECT_EQ(TemplateOfExtension(list, extension), *file ? folder.Path(file) : "") << extension;
+    EXPECT_EQ(templates::FileOfExtension(list, extension), *file ? folder.Path(file) : "") << extension;
 }
 
 std::string Describe(const std::vector<platform::FileFilter>& filters) {

@@ -37,7 +37,9 @@ ChosenTemplate ChooseTemplate(const std::string& path, const TemplateSources& so
     chosen.Synonyms = record->UsesSynonyms;
   }
   const std::string extension = platform::FileExtension(path);
-  if (chosen.File.empty()) chosen.File = GetTemplateOf(extension, sources.TemplateList, sources.Values.Associations);
+  const std::string name = platform::FileNameOf(path);  // of a makefile, the only thing that tells
+  for (const std::string& known : {extension, name})
+    if (chosen.File.empty()) chosen.File = GetTemplateOf(known, sources.TemplateList, sources.Values.Associations);
   if (!chosen.File.empty()) return chosen;
   chosen.TemplateChosen = sources.Values.AskUnknownTemplates;
   chosen.File = chosen.TemplateChosen ? AskTemplate(extension, sources, prompts) : sources.Values.DefOpenTemplate;

@@ -75,8 +75,10 @@ int List(const platform::ProgramPlaces& places, DescriptorSink& sink) {
 /// The template file to use, "" for none.
 std::string ChooseTemplate(const BatchOptions& options, const platform::ProgramPlaces& places) {
   if (!options.Template.empty()) return options.Template;
-  const std::string extension = platform::FileExtension(platform::FileNameOf(options.File));
-  return templates::FileOfExtension(ReadTemplateList(platform::FindProgramFolder(places, false)), extension);
+  const std::string name = platform::FileNameOf(options.File);
+  const std::vector<templates::Template> list = ReadTemplateList(platform::FindProgramFolder(places, false));
+  const std::string file = templates::FileOfExtension(list, platform::FileExtension(name));
+  return file.empty() ? templates::FileOfExtension(list, name) : file;
 }
 
 /// Loads the template and reports its bad lines; false when it cannot be used.

@@ -27,7 +27,8 @@ class TemplateChoiceTest : public testing::Test {
   }
 
   std::vector<templates::Template> List = {
-      {"JavaScript", "js", "/js.def"}, {"HTML", "htm; html", "/html.def"}, {"Other", "JS", "/other.def"}};
+      {"JavaScript", "js", "/js.def"}, {"HTML", "htm; html", "/html.def"}, {"Other", "JS", "/other.def"},
+      {"Makes", "mk;makefile;CMakeLists.txt", "/makes.def"}};
   FileInfos Records;
   Settings Values;
   tests::ScriptedPrompts Prompts;
@@ -44,6 +45,10 @@ TEST_F(TemplateChoiceTest, RecordThenTemplatesThenAssociations) {
   EXPECT_EQ(Choose("/NONE.txt"), "*none*/n.syn");
   EXPECT_EQ(Choose("/empty.txt"), "/txt.def/e.syn");
   EXPECT_EQ(Choose("/own.js"), "/own.def");
+  EXPECT_EQ(Choose("/my.dir/Makefile"), "/makes.def") << "the whole name is known";
+  EXPECT_EQ(Choose("/CMakeLists.txt"), "/txt.def") << "the extension comes first";
+  Values.Associations.clear();
+  EXPECT_EQ(Choose("/CMakeLists.txt"), "/makes.def");
 }
 
 TEST_F(TemplateChoiceTest, TheUserIsAskedWhenNothingIsKnown) {

@@ -56,6 +56,8 @@ TEST_F(BatchColourerTest, ChoosesTheTemplateByExtension) {
   EXPECT_EQ(Quiet({"--to", "ansi", "--template", m_sample}, text), coloured) << "standard input";
   EXPECT_EQ(Quiet({"--to", "ansi", "--template", m_sample, "-"}, text), coloured);
 
+  EXPECT_EQ(Quiet({"--to", "ansi", m_folder.Write("other.x/SMP", text)}), coloured) << "the whole name is known";
+
   const std::string unknown = m_folder.Write("s.mp/a", text);
   const ProgramRun run = Run({"--to", "ansi", unknown});
   EXPECT_EQ(run.Status, 0);

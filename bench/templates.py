@@ -84,11 +84,16 @@ LANGUAGES = {
     "Markdown": ("Markdown", ["/usr/share/**/*.md", "/usr/lib/**/*.md"]),
     "Matlab": ("Octave", ["deb:octave-common/usr/share/octave/**/*.m", "deb:octave-statistics/usr/**/*.m", "deb:octave-signal/usr/**/*.m",
                           "deb:octave-control/usr/**/*.m", "deb:octave-image/usr/**/*.m"]),
+    "PHP": ("PHP (HTML)", ["deb:php-codesniffer/usr/**/*.php", "deb:phpunit/usr/**/*.php", "deb:php-symfony-http-foundation/usr/**/*.php",
+                           "deb:php-monolog/usr/**/*.php"]),
     "Pascal": ("Pascal", ["deb:fpc-source-3.2.2/usr/share/fpcsrc/**/*.pp", "deb:fpc-source-3.2.2/usr/share/fpcsrc/**/*.pas"]),
+    "Perl": ("Perl", ["deb:libmojolicious-perl/usr/**/*.pm", "deb:libimage-exiftool-perl/usr/**/*.pm", "deb:libwww-perl/usr/**/*.pm",
+                      "deb:libmoose-perl/usr/**/*.pm", "deb:libdatetime-perl/usr/**/*.pm"]),
     "PowerShell": ("PowerShell", ["deb:ansible/usr/**/*.ps1", "deb:ansible/usr/**/*.psm1", "/usr/lib/node_modules/**/*.ps1"]),
     "Python": ("Python", ["/usr/lib/python3*/**/*.py", "/usr/share/**/*.py"]),
     "R": ("R Script", ["deb:r-base-core/usr/**/*.R", "deb:r-cran-mass/usr/**/*.R", "deb:r-cran-survival/usr/**/*.R",
                        "deb:r-cran-shiny/usr/**/*.R", "deb:r-cran-knitr/usr/**/*.R"]),
+    "Ruby": ("Ruby", ["deb:libruby3.1/usr/**/*.rb", "deb:ruby-activesupport/usr/**/*.rb", "deb:asciidoctor/usr/**/*.rb"]),
     "Rust": ("Rust", ["deb:rust-src/usr/**/library/**/*.rs", "deb:librust-clap-dev/usr/**/*.rs"]),
     "SQL": ("SQL (PostgreSQL)", ["/usr/share/postgresql/**/*.sql", "deb:postgresql-15/**/*.sql", "deb:mediawiki/**/postgres/**/*.sql",
                                  "deb:roundcube-core/usr/**/postgres*.sql", "deb:bacula-director-pgsql/**/*.sql"]),
@@ -146,6 +151,7 @@ LEFT_OUT = {
     "C#": {(COMMENT, "Keyword"), (COMMENT, "DataType"), (COMMENT, "Others")},  # tags in a documenting comment
     "CMake": {(COMMENT, "DataType"), (COMMENT, "String")},  # code in a documenting comment
     "Java": {(COMMENT, "Keyword"), (COMMENT, "DecVal"), (COMMENT, "Others")},  # HTML in a documenting comment
+    "Ruby": {(KEYWORD, "DecVal"), (OTHER, "SpecialString")},  # self is a value to KDE; a regular expression is code to us
     "TOML": {(STRING, "DataType")},  # a name between quotes is a text to us
     "YAML": {(STRING, "Function")},  # the same
     "Markdown": {(OTHER, "Comment"), (WORD, "Comment"), (STRING, "Comment"), (STRING, "Others")},  # links, and code in their text

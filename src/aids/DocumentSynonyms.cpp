@@ -73,9 +73,15 @@ std::vector<std::string> DocumentSynonyms::ActionWords() const {
   return names;
 }
 
-void DocumentSynonyms::Replace(const std::vector<templates::Synonym>& rows) {
+platform::PairRows DocumentSynonyms::Rows() const {
+  std::vector<platform::PairRow> rows;
+  for (const auto& synonym : m_state.Template.Synonyms) rows.push_back({synonym->Word, synonym->Synonym});
+  return platform::PairRows(std::move(rows));
+}
+
+void DocumentSynonyms::Replace(const platform::PairRows& rows) {
   m_state.Template.Synonyms.Clear();
-  for (const templates::Synonym& row : rows) ReplaceSynonym(m_state.Template.Synonyms, row);
+  for (const platform::PairRow& row : rows.All()) ReplaceSynonym(m_state.Template.Synonyms, {row.First, row.Second});
   m_state.SSaved = false;
 }
 

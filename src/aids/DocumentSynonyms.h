@@ -7,6 +7,7 @@
 
 #include "editor/DocumentFrame.h"
 #include "editor/DocumentState.h"
+#include "platform/PairRows.h"
 #include "platform/TextControl.h"
 
 namespace aids {
@@ -31,8 +32,11 @@ class DocumentSynonyms {
   /// The names of the template's action words, in order.
   std::vector<std::string> ActionWords() const;
 
+  /// The synonyms as rows to be edited: the word, and what it stands for.
+  platform::PairRows Rows() const;
+
   /// Puts edited rows in place of all synonyms; of equal words the later row counts.
-  void Replace(const std::vector<templates::Synonym>& rows);
+  void Replace(const platform::PairRows& rows);
 
  private:
   bool MayDropPresent();

@@ -9,36 +9,20 @@ constexpr int TwipsAPixel = 15;
 constexpr int Margin = 180 / TwipsAPixel;
 constexpr int NarrowestExtension = 870 / TwipsAPixel;
 
+std::vector<platform::PairRow> RowsOf(const std::vector<templates::Template>& associations) {
+  std::vector<platform::PairRow> rows;
+  for (const templates::Template& record : associations) rows.push_back({record.Extension, record.FileName});
+  return rows;
+}
+
 }  // namespace
 
-AssociationsModel::AssociationsModel(std::vector<templates::Template>& associations) : m_associations(associations) {
-  for (const templates::Template& record : associations) m_rows.push_back({record.Extension, record.FileName});
-}
-
-void AssociationsModel::SetExtension(const std::string& text) {
-  if (m_selected) m_rows[*m_selected].Extension = text;
-}
-
-void AssociationsModel::SetTemplate(const std::string& text) {
-  if (m_selected) m_rows[*m_selected].Template = text;
-}
-
-void AssociationsModel::New() {
-  m_rows.push_back({"new", "(click to select, then edit below)"});
-}
-
-void AssociationsModel::Delete() {
-  if (!m_selected) return;
-  m_rows.erase(m_rows.begin() + static_cast<std::ptrdiff_t>(*m_selected));
-  if (m_rows.empty())
-    m_selected.reset();
-  else
-    m_selected = std::min(*m_selected, m_rows.size() - 1);
-}
+AssociationsModel::AssociationsModel(std::vector<templates::Template>& associations)
+    : m_associations(associations), m_rows(RowsOf(associations)) {}
 
 void AssociationsModel::Accept() const {
   m_associations.clear();
-  for (const Row& row : m_rows) m_associations.push_back({"", row.Extension, row.Template});
+  for (const platform::PairRow& row : m_rows.All()) m_associations.push_back({"", row.First, row.Second});
 }
 
 int AssociationsModel::ExtensionColumnWidth(int widestText) {

@@ -1,41 +1,20 @@
 #pragma once
-// What the associations dialog decides. It works on a list of its own; the associations change with Accept alone. Rows
-// are 0-based; widths are pixels at 96 dpi.
+// What the associations dialog decides. It works on a list of its own, of extensions and template files; the
+// associations change with Accept alone. Widths are pixels at 96 dpi.
 
-#include <cstddef>
-#include <optional>
-#include <string>
 #include <vector>
 
+#include "platform/PairRows.h"
 #include "templates/Model.h"
 
 namespace settings {
 
 class AssociationsModel {
  public:
-  struct Row {
-    std::string Extension, Template;
-  };
-
   /// The associations must outlive the model.
   explicit AssociationsModel(std::vector<templates::Template>& associations);
 
-  const std::vector<Row>& Rows() const { return m_rows; }
-
-  /// Which row the user has selected; the fields and the deletion belong to it.
-  void Select(std::optional<std::size_t> row) { m_selected = row; }
-  std::optional<std::size_t> Selected() const { return m_selected; }
-  /// The row that the fields edit; null when they are off.
-  const Row* Edited() const { return m_selected ? &m_rows[*m_selected] : nullptr; }
-
-  /// What was typed into a field; without a selected row nothing happens.
-  void SetExtension(const std::string& text);
-  void SetTemplate(const std::string& text);
-
-  /// Appends a row to be edited; the selection stays.
-  void New();
-  /// Removes the selected row; the one that takes its place is selected, or the last.
-  void Delete();
+  platform::PairRows& Rows() { return m_rows; }
   /// The list becomes the associations.
   void Accept() const;
 
@@ -44,8 +23,7 @@ class AssociationsModel {
 
  private:
   std::vector<templates::Template>& m_associations;
-  std::vector<Row> m_rows;
-  std::optional<std::size_t> m_selected;
+  platform::PairRows m_rows;
 };
 
 }  // namespace settings

@@ -56,8 +56,7 @@ void FrameAids::AddSynonym(editor::ui::Mainwin& document) {
 }
 
 void FrameAids::EditSynonyms(editor::ui::Mainwin& document) {
-  const SynonymRows rows(document.Core().State().Template.Synonyms);
-  frmSynonyms(rows, DocumentAids::Of(document).Synonyms(), &m_window).exec();
+  frmSynonyms(DocumentAids::Of(document).Synonyms(), &m_window).exec();
 }
 
 void FrameAids::SaveSynonyms(editor::ui::Mainwin& document) {

@@ -1,17 +1,17 @@
 #pragma once
-// The synonym editor of one document: a list, two fields that edit the selected row as the user types, and the list of
-// action words. The document changes when the editor is left by its Close button.
+// The synonym editor of one document: the list of synonyms, and that of the action words, which a double click or Enter
+// takes into the selected row. The document changes when the editor is left by its Close button.
 
 #include <QDialog>
 
 #include "aids/DocumentSynonyms.h"
-#include "aids/SynonymRows.h"
 
-class QLineEdit;
 class QListWidget;
 class QListWidgetItem;
-class QPushButton;
-class QTreeWidget;
+
+namespace platform::qt {
+class PairList;
+}
 
 namespace aids::ui {
 
@@ -20,7 +20,7 @@ class frmSynonyms final : public QDialog {
 
  public:
   /// `target` must outlive the dialog.
-  frmSynonyms(SynonymRows rows, DocumentSynonyms& target, QWidget* parent);
+  frmSynonyms(DocumentSynonyms& target, QWidget* parent);
 
   void accept() override;
 
@@ -28,21 +28,14 @@ class frmSynonyms final : public QDialog {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  void MakeList();
-  void MakeFields();
-  void MakeButtons();
+  void MakeActionWords();
   void LayOut();
-  void ShowRow();
   void Take(const QListWidgetItem* actionWord);
-  void New();
-  void Delete();
 
-  SynonymRows m_rows;
   DocumentSynonyms& m_target;
-  QTreeWidget* m_lstAss;
-  QLineEdit *m_txtExt, *m_txtTemp;
+  platform::PairRows m_rows;
+  platform::qt::PairList* m_list;
   QListWidget* m_synList;
-  QPushButton *m_btnNew, *m_btnDelete, *m_btnClose, *m_btnCancel;
 };
 
 }  // namespace aids::ui

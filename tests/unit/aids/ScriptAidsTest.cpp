@@ -168,7 +168,7 @@ TEST(DocumentSynonyms, AreSavedLoadedAddedAndAskedAbout) {
   EXPECT_TRUE(desk.State.SSaved);
   EXPECT_EQ(desk.State.CurSFileName, path);
 
-  synonyms.Replace({{"w", "first"}, {"W", "second"}});
+  synonyms.Replace(platform::PairRows({{"w", "first"}, {"W", "second"}}));
   EXPECT_EQ(desk.State.Template.Synonyms.Count(), 1U);
   const platform::MessageBox question{.Text = "Save changes to current set of Synonyms?",
                                       .Buttons = PromptButtons::YesNoCancel,

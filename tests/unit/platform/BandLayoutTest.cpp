@@ -4,10 +4,10 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdint>
-#include <cstdio>
 #include <random>
 #include <set>
+
+#include "tests/support/SealedLayout.h"
 
 namespace {
 
@@ -114,20 +114,8 @@ TEST(BandLayout, DamagedTextsAreRefused) {
 }
 
 // A file as another program would write it, with length and checksum as they should be.
-std::string Sealed(const std::string& body) {
-  std::uint32_t sum = ~0U;
-  for (const char c : body) {
-    std::uint32_t rest = (sum ^ static_cast<unsigned char>(c)) & 0xFF;
-    for (int i = 0; i < 8; ++i) rest = rest & 1 ? (rest >> 1) ^ 0xEDB88320U : rest >> 1;
-    sum = (sum >> 8) ^ rest;
-  }
-  char seal[40];
-  std::snprintf(seal, sizeof seal, "%zu %08x\n", body.size(), static_cast<unsigned>(~sum));
-  return "Quillmark toolbar layout 1\n" + std::string(seal) + body;
-}
-
 TEST(BandLayout, AWellSealedTextMayStillBeHostile) {
-  const auto decode = [](const std::string& body) { return BandLayout::Decode(Design(), Sealed(body)); };
+  const auto decode = [](const std::string& body) { return BandLayout::Decode(Design(), tests::Sealed(body)); };
   for (const char* body : {"tool a\n", "band bar\n", "band bar shown top 0 0 0\n", "band bar shown top 0 0 0 0 0\n",
                            "x\n", "\n", "band bar shown top -1 0 0 0\n", "band bar shown top 0 99999999999 0 0\n",
                            "band bar shown up 0 0 0 0\n", "band bar yes top 0 0 0 0\n", "band bar shown top 0 0 0 0",

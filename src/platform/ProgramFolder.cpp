@@ -27,6 +27,13 @@ bool CanBeWritten(const std::string& folder) {
   return ::access(folder.c_str(), W_OK | X_OK) == 0;
 }
 
+/// The absolute path without a final separator: what is opened by its path must not depend on the current folder.
+std::string WholePath(const std::string& folder) {
+  std::error_code error;
+  const fs::path path = fs::absolute(folder, error).lexically_normal();
+  return (path.has_filename() || path == path.root_path() ? path : path.parent_path()).string();
+}
+
 /// Copies the installed files that the user's folder lacks. A file that cannot be copied is left out: the program works
 /// with the templates that there are.
 void Fill(const std::string& folder, const std::string& installed) {
@@ -59,7 +66,7 @@ std::string InstalledFolder(const ProgramPlaces& places) {
 }
 
 std::string FindProgramFolder(const ProgramPlaces& places, bool fill) {
-  if (!places.Override.empty()) return places.Override;
+  if (!places.Override.empty()) return WholePath(places.Override);
   const std::string portable = fs::path(places.Executable).parent_path().string();
   if (HasTemplates(portable) && CanBeWritten(portable)) return portable;
   const std::string own = places.DataHome + "/quillmark";

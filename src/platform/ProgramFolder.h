@@ -19,9 +19,9 @@ struct ProgramPlaces {
   static ProgramPlaces FromProcess();
 };
 
-/// The program folder, without a final separator. With `fill` the user's data folder is made and the installed files
-/// are copied into it where it lacks them; without it nothing on disk changes, and when the data folder does not exist
-/// the folder of the installed files is the answer.
+/// The program folder as an absolute path, without a final separator. With `fill` the user's data folder is made and
+/// the installed files are copied into it where it lacks them; without it nothing on disk changes, and when the data
+/// folder does not exist the folder of the installed files is the answer.
 std::string FindProgramFolder(const ProgramPlaces& places, bool fill);
 
 /// The folder with the files as installed ("../share/quillmark" from the executable, or the source tree's

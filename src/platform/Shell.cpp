@@ -47,8 +47,9 @@ std::vector<std::string> SplitArguments(std::string_view arguments) {
 }
 
 std::string FindExecutable(const std::string& program, std::string_view searchPath) {
-  if (program.find('/') != std::string::npos) return IsExecutableFile(program) ? program : "";
   if (program.empty()) return "";
+  if (program[0] == '/') return IsExecutableFile(program) ? program : "";
+  if (program.find('/') != std::string::npos) return "";
   while (!searchPath.empty()) {
     const std::size_t end = std::min(searchPath.find(':'), searchPath.size());
     const std::string_view folder = searchPath.substr(0, end);

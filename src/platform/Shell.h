@@ -15,9 +15,10 @@ class Shell {
   virtual ~Shell() = default;
 
   /// Starts an executable with its arguments, which are split by SplitArguments; a document that is no executable, or a
-  /// URL, is opened with the desktop's handler. A program named without a folder is looked for in the absolute folders
-  /// of the search path alone. The result is below ShellSuccess on failure: 2 when there is no such file, 5 when it
-  /// could not be started, 31 when nothing is there to open it.
+  /// URL, is opened with the desktop's handler. A program is found as FindExecutable says, a document by its absolute
+  /// path alone: the current folder may be that of a stranger's script, and nothing in it is meant by a bare name. The
+  /// result is below ShellSuccess on failure: 2 when there is no such file, 5 when it could not be started, 31 when
+  /// nothing is there to open it.
   virtual int ShellExecute(const std::string& program, const std::string& arguments) = 0;
 };
 
@@ -30,8 +31,9 @@ struct CommandParts {
 /// ordinary character, two before it are one; all other backslashes stand for themselves.
 std::vector<std::string> SplitArguments(std::string_view arguments);
 
-/// The executable of a program name: a path with a folder as it stands, any other in the absolute folders of
-/// `searchPath` (separated by ":"), its empty and relative entries left out; "" when no executable file is there.
+/// The executable of a program name: an absolute path as it stands, a name without a folder in the absolute folders of
+/// `searchPath` (separated by ":"), its empty and relative entries left out; "" when no executable file is there, and
+/// for a relative path.
 std::string FindExecutable(const std::string& program, std::string_view searchPath);
 
 }  // namespace platform

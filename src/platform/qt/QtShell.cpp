@@ -33,7 +33,7 @@ int QtShell::ShellExecute(const std::string& program, const std::string& argumen
     for (const std::string& argument : SplitArguments(arguments)) list += QString::fromStdString(argument);
     return QProcess::startDetached(QString::fromStdString(executable), list) ? ShellSuccess : NotStarted;
   }
-  if (QFileInfo::exists(name)) return OpenWithHandler(QUrl::fromLocalFile(QFileInfo(name).absoluteFilePath()));
+  if (program.substr(0, 1) == "/" && QFileInfo::exists(name)) return OpenWithHandler(QUrl::fromLocalFile(name));
   return IsUrl(program) ? OpenWithHandler(QUrl(name)) : NoSuchFile;
 }
 

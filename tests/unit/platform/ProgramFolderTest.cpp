@@ -21,6 +21,10 @@ TEST_F(ProgramFolderTest, TheOverrideComesFirst) {
   m_places.Override = m_folder.Path("elsewhere");
   EXPECT_EQ(FindProgramFolder(m_places, true), m_folder.Path("elsewhere"));
   EXPECT_FALSE(std::filesystem::exists(m_folder.Path("home")));
+  for (const char* relative : {"elsewhere", "./elsewhere/", "x/../elsewhere//"}) {
+    m_places.Override = relative;
+    EXPECT_EQ(FindProgramFolder(m_places, true), (std::filesystem::current_path() / "elsewhere").string()) << relative;
+  }
 }
 
 TEST_F(ProgramFolderTest, APortableCopyMustHaveTemplatesAndBeWritable) {

@@ -186,15 +186,24 @@ TEST(DocumentSynonyms, AreSavedLoadedAddedAndAskedAbout) {
   EXPECT_EQ(desk.State.CurSFileName, path);
 }
 
-TEST(PreviewPage, IsAHarnessUnlessTheTextIsAPage) {
-  EXPECT_EQ(PreviewPage("<HTML>x"), "<HTML>x");
-  const std::string script = PreviewPage("f();\n"), markup = PreviewPage("<script>f()</script>");
-  EXPECT_NE(
-      script.find(
-          "</script></head><body>\r\n<script language='Javascript'>\r\n<!--\r\nf();\n\r\n//-->\r\n</script>\r\n<hr>"),
-      std::string::npos);
-  EXPECT_NE(markup.find("</head><body>\r\n<script>f()</script>\r\n<hr>"), std::string::npos);
-  EXPECT_TRUE(script.ends_with("</form></body></html>\r\n"));
+TEST(PreviewPage, IsTheTextAmongTheHarnesssLinesToTheByte) {
+  const std::string head =
+      "<html><head><title>Quillmark Generated JavaScript Preview</title>\r\n"
+      "<script language='Javascript'>\r\n"
+      "<!--\r\n"
+      "function execute(){ScriptExec.location.replace('javascript:parent.'+frmExec.Command.value+';');};\r\n"
+      "//-->\r\n"
+      "</script></head><body>\r\n";
+  const std::string foot =
+      "<hr><p> Results:</p><iframe name=ScriptExec width='100%'></iframe><form name='frmExec' "
+      "onSubmit='javascript:execute();return false;'><p>Execute JavaScript: <input type='text' size='100' "
+      "name='Command'><input name='Exec' type='submit' value='Execute'></p></form></body></html>\r\n";
+  const std::string open = "<script language='Javascript'>\r\n<!--\r\n", close = "//-->\r\n</script>\r\n";
+  for (const std::string text : {"", "f('\xC3\xA4%s');\n// </script>\r\n", " <html>", "html>"})
+    EXPECT_EQ(PreviewPage(text), head + open + text + "\r\n" + close + foot);
+  for (const std::string text : {"<script>f()</script>", "<", "<html", "<html lang='en'>"})
+    EXPECT_EQ(PreviewPage(text), head + text + "\r\n" + foot);
+  for (const std::string text : {"<html>", "<HtMl>x\n"}) EXPECT_EQ(PreviewPage(text), text);
 }
 
 TEST(ScriptRuns, SaveFirstAndTellWhatFails) {

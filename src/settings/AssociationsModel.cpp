@@ -11,6 +11,7 @@ constexpr int NarrowestExtension = 870 / TwipsAPixel;
 
 std::vector<platform::PairRow> RowsOf(const std::vector<templates::Template>& associations) {
   std::vector<platform::PairRow> rows;
+  rows.reserve(associations.size());
   for (const templates::Template& record : associations) rows.push_back({record.Extension, record.FileName});
   return rows;
 }

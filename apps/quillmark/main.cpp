@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QIcon>
+#include <QTimer>
 #include <filesystem>
 #include <iostream>
 
@@ -36,7 +37,7 @@ int main(int argc, char** argv) {
   QApplication::setWindowIcon(QIcon(QStringLiteral(":/quillmark.svg")));
   QApplication::setDesktopFileName(QStringLiteral("quillmark"));
 
-  platform::qt::QtPrompts prompts;
+  platform::qt::QtPrompts prompts(startFolder);
   const shell::CommandLine commandLine = shell::ParseCommandLine({argv + 1, argv + argc}, startFolder);
   platform::InstanceChannel channel(platform::FindInstanceFolder(platform::InstancePlaces::FromProcess()));
   if (channel.Claim(Patience) != platform::InstanceChannel::Role::First) {
@@ -50,6 +51,7 @@ int main(int argc, char** argv) {
                             .InstanceFolder = channel.Folder(),
                             .RecoveryFolder = editor::RecoveryStore::DefaultFolder()});
   QObject::connect(&frame, &shell::ui::BackWin::Unloaded, &application, &QApplication::quit, Qt::QueuedConnection);
-  frame.Load(commandLine);
+  // In the loop of events: what is deleted later outside of it stays until the program ends.
+  QTimer::singleShot(0, &frame, [&] { frame.Load(commandLine); });
   return QApplication::exec();
 }

@@ -36,6 +36,7 @@ struct FileQuestion {
   std::vector<FileFilter> Filters;
   std::string Folder;         ///< where it opens; "" for the folder last used
   std::string SuggestedName;  ///< for saving
+  std::size_t Selected = 0;   ///< the filter that counts at first, 0-based
 };
 
 class Prompts {

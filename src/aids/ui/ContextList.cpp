@@ -148,6 +148,7 @@ void ContextList::Populate(std::vector<std::string>& Population, const std::vect
   CList->setVerticalScrollBarPolicy(m_size.Scrolls ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
   m_words->Set(Population, Images);
   SelectRow(0);
+  CList->scrollToTop();
 }
 
 int ContextList::RowCount() const {

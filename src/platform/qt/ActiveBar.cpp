@@ -45,7 +45,7 @@ ActiveBar::ActiveBar(QMainWindow& window, const BarDesign& design, ActiveBarEven
   for (const ToolDesign& tool : design.Tools)
     if (!tool.SubBand.empty()) m_actions.Find(tool.Name)->setMenu(Menu(tool.SubBand));
   Apply(BandLayout(design));
-  for (Band& band : m_bands) Fill(band);
+  RecalcLayout();
 }
 
 ActiveBar::~ActiveBar() {

@@ -69,7 +69,7 @@ class ActiveBar final : public QObject, public platform::ActiveBar {
     QToolBar* Bar = nullptr;
     TabStrip* Tabs = nullptr;
     std::vector<std::string> Tools;
-    bool Stale = false;  ///< the surface does not show the tools yet
+    bool Stale = true;  ///< the surface does not show the tools yet
   };
 
   void MakeBand(const BandDesign& design);

@@ -106,11 +106,12 @@ std::string QtPrompts::Ask(const FileQuestion& question, bool forSaving) {
     const auto place = filters.indexOf(selected);
     if (forSaving && place >= 0) dialog.setDefaultSuffix(SuffixOf(question.Filters[static_cast<std::size_t>(place)]));
   };
-  if (!filters.isEmpty()) useSuffix(filters.first());
+  if (!filters.isEmpty()) dialog.selectNameFilter(filters.value(static_cast<qsizetype>(question.Selected)));
+  useSuffix(dialog.selectedNameFilter());
   QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, useSuffix);
   if (!question.SuggestedName.empty()) dialog.selectFile(QString::fromStdString(question.SuggestedName));
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return "";
-  m_lastFolder = dialog.directory().absolutePath();
+  if (question.Folder.empty()) m_lastFolder = dialog.directory().absolutePath();
   return dialog.selectedFiles().constFirst().toStdString();
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 // The real message boxes and choosers. They belong to the window that is active when they are shown. The folder of
-// the file chosen last is where the next chooser without a folder of its own opens.
+// the file chosen last in one without a folder of its own is where the next such chooser opens.
 
 #include <QString>
 
@@ -10,6 +10,9 @@ namespace platform::qt {
 
 class QtPrompts : public Prompts {
  public:
+  /// The first chooser without a folder of its own opens in `folder`; "" for the current one.
+  explicit QtPrompts(const std::string& folder = "") : m_lastFolder(QString::fromStdString(folder)) {}
+
   PromptAnswer Show(const MessageBox& box) override;
   std::string AskOpenFile(const FileQuestion& question) override;
   std::string AskSaveFile(const FileQuestion& question) override;

@@ -167,18 +167,28 @@ void BackWin::NewDocument() {
 
 std::string BackWin::GetOpenFile(std::string_view title, std::string_view extName, std::string_view ext,
                                  const std::string& folder) {
-  return m_prompts.AskOpenFile({.Title = std::string(title),
-                                .Filters = extName == TemplateTypes
-                                               ? TemplateFilters(m_values.TemplateList, m_values.Settings.Associations)
-                                               : FiltersFor(extName, ext),
-                                .Folder = folder,
-                                .SuggestedName = ""});
+  platform::FileQuestion question{.Title = std::string(title),
+                                  .Filters = FiltersFor(extName, ext),
+                                  .Folder = folder.empty() ? FolderInFront() : folder,
+                                  .SuggestedName = ""};
+  if (extName == TemplateTypes) {
+    question.Filters = TemplateFilters(m_values.TemplateList, m_values.Settings.Associations);
+    question.Selected = question.Filters.size() - 1;  // all files: who opens one rarely wants the first template's
+  }
+  return m_prompts.AskOpenFile(question);
 }
 
 std::string BackWin::GetSaveFile(std::string_view title, std::string_view extName, std::string_view ext,
                                  const std::string& suggested) {
-  return m_prompts.AskSaveFile(
-      {.Title = std::string(title), .Filters = FiltersFor(extName, ext), .Folder = "", .SuggestedName = suggested});
+  return m_prompts.AskSaveFile({.Title = std::string(title),
+                                .Filters = FiltersFor(extName, ext),
+                                .Folder = FolderInFront(),
+                                .SuggestedName = suggested});
+}
+
+std::string BackWin::FolderInFront() const {
+  const ChildWindow* child = ActiveChild();
+  return child ? platform::FolderOf(child->CurFileName()) : "";
 }
 
 std::string BackWin::AskTemplate() {

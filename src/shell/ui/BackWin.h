@@ -70,7 +70,7 @@ class BackWin : public QMainWindow, private editor::DocumentFrame {
   void NewDocument();
 
   /// The user's choice of a file to open; "" when cancelled. The type "*Templates*" stands for the files of every
-  /// template. "" as the folder means the one used last.
+  /// template. "" as the folder means that of the file in front, or else the one used last.
   std::string GetOpenFile(std::string_view title, std::string_view extName, std::string_view ext,
                           const std::string& folder = "");
   std::string GetSaveFile(std::string_view title, std::string_view extName, std::string_view ext,
@@ -122,6 +122,7 @@ class BackWin : public QMainWindow, private editor::DocumentFrame {
   void WindowCloses(editor::ui::Mainwin& document);
   void UpdateWindowTabs(const ChildWindow* excluded);
   ChildWindow* ActiveChild() const;
+  std::string FolderInFront() const;
   void FocusChild();
   void EnableButtons();
   void DisableDocumentTools();

@@ -47,6 +47,14 @@ TEST_F(PopupWindows, TheListsWordsStandUnderTheCaret) {
   EXPECT_TRUE(CList().viewport()->rect().contains(CList().visualRect(CList().currentIndex())));
 }
 
+TEST_F(PopupWindows, AListOpenedAgainShowsItsFirstWords) {
+  OpenList();
+  const QString first = CList().indexAt(QPoint(5, 5)).data().toString();
+  Type(QStringLiteral("write(document."));
+  ASSERT_TRUE(List().isVisible());
+  EXPECT_EQ(CList().indexAt(QPoint(5, 5)).data().toString(), first);
+}
+
 TEST_F(PopupWindows, TheTipBeginsUnderItsWord) {
   Open("a.js", "var longer = ");
   const int word = Text().viewport()->mapToGlobal(Text().CaretRectangle().topLeft()).x();

@@ -17,24 +17,35 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent
 DESKTOP = ROOT / "data/desktop"
 SYSTEM = pathlib.Path("/usr/share/mime/packages/freedesktop.org.xml")
 NAMESPACE = "{http://www.freedesktop.org/standards/shared-mime-info}"
-NOT_FOR_AN_EDITOR = ("audio/", "image/", "video/")
+MEDIA = ("audio/", "image/", "video/")  # drawings may be texts, but nobody expects an editor of texts to open them
 
 
-def read_globs(path: pathlib.Path) -> dict[str, set[tuple[int, str]]]:
-    """For each pattern, in lower case, its types with their weights."""
-    globs: dict[str, set[tuple[int, str]]] = {}
-    for kind in xml.etree.ElementTree.parse(path).iter(NAMESPACE + "mime-type"):
+class Types:
+    """The types of the system together with Quillmark's own: their patterns, and which of them are texts."""
+
+    def __init__(self, *files: pathlib.Path):
+        self._globs: dict[str, set[tuple[int, str]]] = {}
+        self._parents: dict[str, set[str]] = {}
+        for file in files:
+            for kind in xml.etree.ElementTree.parse(file).iter(NAMESPACE + "mime-type"):
+                self._add(kind)
+
+    def _add(self, kind) -> None:
+        name = kind.get("type")
+        for parent in kind.iter(NAMESPACE + "sub-class-of"):
+            self._parents.setdefault(name, set()).add(parent.get("type"))
         for glob in kind.iter(NAMESPACE + "glob"):
             weight = int(glob.get("weight", "50"))
-            globs.setdefault(glob.get("pattern").lower(), set()).add((weight, kind.get("type")))
-    return globs
+            self._globs.setdefault(glob.get("pattern").lower(), set()).add((weight, name))
 
+    def _is_text(self, name: str) -> bool:
+        return name.startswith("text/") or any(map(self._is_text, self._parents.get(name, ())))
 
-def types_of(extension: str, globs: dict[str, set[tuple[int, str]]]) -> set[str]:
-    """The types of the greatest weight; several where the desktop looks into the file to decide."""
-    found = globs.get("*." + extension, set()) | globs.get(extension, set())
-    heaviest = max((weight for weight, _ in found), default=0)
-    return {name for weight, name in found if weight == heaviest and not name.startswith(NOT_FOR_AN_EDITOR)}
+    def of(self, extension: str) -> set[str]:
+        """The types of the greatest weight that are texts; several where the desktop looks into the file to decide."""
+        found = self._globs.get("*." + extension, set()) | self._globs.get(extension, set())
+        heaviest = max((weight for weight, _ in found), default=0)
+        return {name for weight, name in found if weight == heaviest and self._is_text(name) and not name.startswith(MEDIA)}
 
 
 def extensions_of(template: pathlib.Path) -> list[str]:
@@ -46,16 +57,14 @@ def extensions_of(template: pathlib.Path) -> list[str]:
 
 def wanted_line() -> tuple[str, list[str]]:
     """The MimeType line, and what is missing."""
-    globs = read_globs(SYSTEM)
-    for pattern, types in read_globs(DESKTOP / "quillmark.xml").items():
-        globs.setdefault(pattern, set()).update(types)
+    known = Types(SYSTEM, DESKTOP / "quillmark.xml")
     types, missing = {"text/plain"}, []
     for template in sorted((ROOT / "data/templates").glob("*.def")):
         extensions = extensions_of(template)
-        if extensions and not types_of(extensions[0], globs):
+        if extensions and not known.of(extensions[0]):
             missing.append(f"{template.name}: files *.{extensions[0]} have no type; give them one in data/desktop/quillmark.xml")
         for extension in extensions:
-            types |= types_of(extension, globs)
+            types |= known.of(extension)
     return "MimeType=" + "".join(name + ";" for name in sorted(types)), missing
 
 

@@ -23,8 +23,9 @@ _quillmark_colour() {
       compopt -o filenames
       mapfile -t COMPREPLY < <(compgen -f -X '!*.def' -- "$word"; compgen -d -- "$word")
       ;;
+    --language,*) COMPREPLY=() ;;
     *,-*)
-      mapfile -t COMPREPLY < <(compgen -W '--template --to --fragment --strict --list --help --version' -- "$word")
+      mapfile -t COMPREPLY < <(compgen -W '--template --to --fragment --strict --list --import --language --help --version' -- "$word")
       ;;
     *)
       compopt -o filenames

@@ -2,19 +2,13 @@
 
 #include <QAbstractListModel>
 #include <QEvent>
-#include <QIcon>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <algorithm>
-#include <array>
 
+#include "aids/ui/ListIcons.h"
 #include "aids/ui/WidestText.h"
-
-// A resource in a static library is linked only when somebody asks for it, and not inside a namespace.
-static void LoadIcons() {
-  Q_INIT_RESOURCE(context_list);
-}
 
 namespace aids::ui {
 namespace {
@@ -23,22 +17,6 @@ constexpr int DialogFrame = 4;  ///< one pixel of line, three of room before the
 constexpr int Inset = 2;        ///< of the rows: line and room around them
 constexpr int IconSize = 16, IconLeft = 1, TextLeft = DialogFrame + 17 - Inset;
 constexpr int IconRole = Qt::UserRole;
-
-/// The seven images, by icon number.
-constexpr std::array<const char*, 7> IconKeys = {"Collection", "Enum",     "Enums",      "Event",
-                                                 "Method",     "Property", "UserDefined"};
-
-const QIcon& IconOf(int number) {
-  static const std::vector<QIcon> icons = [] {
-    LoadIcons();
-    std::vector<QIcon> loaded(1);
-    for (const char* key : IconKeys)
-      loaded.emplace_back(QStringLiteral(":/context_list/%1.svg").arg(QLatin1String(key)));
-    return loaded;
-  }();
-  const bool known = number >= 1 && number < static_cast<int>(icons.size());
-  return icons[known ? static_cast<std::size_t>(number) : 0];
-}
 
 }  // namespace
 
@@ -90,7 +68,7 @@ class RowDelegate : public QStyledItemDelegate {
       painter->drawRoundedRect(row, 2, 2);
     }
     const QRect icon(row.left() + IconLeft, row.top() + (row.height() - IconSize) / 2, IconSize, IconSize);
-    IconOf(index.data(IconRole).toInt()).paint(painter, icon);
+    ListIcon(index.data(IconRole).toInt()).paint(painter, icon);
     painter->setFont(option.font);
     painter->setPen(palette.color(QPalette::Active, selected ? QPalette::HighlightedText : QPalette::Text));
     painter->drawText(row.adjusted(TextLeft, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,

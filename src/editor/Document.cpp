@@ -10,8 +10,9 @@
 namespace editor {
 const std::vector<std::string_view>& DocumentTools() {
   static const std::vector<std::string_view> tools = {
-      "miFind", "miReplace", "miFindNext",     "miSelectAll", "miPaste", "miCopy",   "miCut",  "miWordWrap",
-      "save",   "saveas",    "miEditSynonyms", "miRefresh",   "GenPrev", "SaveExec", "miUndo", "miRedo"};
+      "miFind",     "miReplace", "miFindNext",      "miSelectAll",    "miPaste",   "miCopy",  "miCut",
+      "miWordWrap", "save",      "saveas",          "miEditSynonyms", "miRefresh", "GenPrev", "SaveExec",
+      "miUndo",     "miRedo",    "fntProportional", "fntFixedWidth",  "fntDOS"};
   return tools;
 }
 

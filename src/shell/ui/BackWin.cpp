@@ -21,6 +21,7 @@
 #include "shell/ui/FrameWindows.h"
 #include "shell/ui/HandOverListener.h"
 #include "shell/ui/WindowKeys.h"
+#include "template_editor/ui/frmTemplate.h"
 
 namespace shell::ui {
 namespace {
@@ -80,8 +81,7 @@ BackWin::BackWin(platform::Prompts& prompts, const std::string& programFolder)
 // Windows still tell the frame what happens to them while they go, so they go first.
 BackWin::~BackWin() {
   disconnect(m_windows, nullptr, this, nullptr);
-  for (const editor::ui::Mainwin* document : m_windows->findChildren<editor::ui::Mainwin*>())
-    disconnect(document, nullptr, this, nullptr);
+  for (const QMdiSubWindow* window : m_windows->subWindowList()) disconnect(window->widget(), nullptr, this, nullptr);
   delete takeCentralWidget();
 }
 
@@ -230,6 +230,7 @@ std::size_t BackWin::WindowCount() const {
 
 void BackWin::WindowActivated(QMdiSubWindow* window) {
   if (editor::ui::Mainwin* document = DocumentIn(window); document && !document->Closed()) return document->Activated();
+  if (auto* other = TemplateEditorIn(window); other && !other->Closed()) return TemplateEditorActivated(*other);
   UpdateWindowTabs();
   if (WindowCount() > 0) return;
   DisableDocumentTools();
@@ -260,6 +261,7 @@ void BackWin::FocusChild() {
 
 void BackWin::EnableButtons() {
   if (editor::ui::Mainwin* document = ActiveDocument()) document->EnableButtons();
+  if (auto* other = TemplateEditorIn(m_windows->currentSubWindow())) other->Activated();
 }
 
 void BackWin::DisableDocumentTools() {

@@ -25,8 +25,13 @@
 #include "shell/ProgramValues.h"
 #include "shell/StartUp.h"
 #include "shell/ui/HelpKey.h"
+#include "template_editor/EditorFrame.h"
 
 class QMdiSubWindow;
+
+namespace template_editor::ui {
+class frmTemplate;
+}
 
 namespace shell::ui {
 
@@ -43,7 +48,7 @@ struct FramePlaces {
   std::string RecoveryFolder{};  ///< where unsaved text is kept safe from a crash; "" for nowhere
 };
 
-class BackWin : public QMainWindow, private editor::DocumentFrame {
+class BackWin : public QMainWindow, private editor::DocumentFrame, private template_editor::EditorFrame {
   Q_OBJECT
 
  public:
@@ -72,7 +77,7 @@ class BackWin : public QMainWindow, private editor::DocumentFrame {
   /// The user's choice of a file to open; "" when cancelled. The type "*Templates*" stands for the files of every
   /// template. "" as the folder means that of the file in front, or else the one used last.
   std::string GetOpenFile(std::string_view title, std::string_view extName, std::string_view ext,
-                          const std::string& folder = "");
+                          const std::string& folder = "") override;
   std::string GetSaveFile(std::string_view title, std::string_view extName, std::string_view ext,
                           const std::string& suggested) override;
 
@@ -113,11 +118,20 @@ class BackWin : public QMainWindow, private editor::DocumentFrame {
   void CheckTool(std::string_view name, bool checked) override { m_bar.Check(name, checked); }
   void UpdateWindowTabs() override { UpdateWindowTabs(nullptr); }
   void ShowTextPopup(int x, int y) override;
+  rich_text::ColourValue GetColour(rich_text::ColourValue initial) override;
+  std::string TemplateFolder() const override { return m_values.ProgramFolder; }
+  std::string Today() const override;
+  void PopulateTemplates() override { m_menus.PopulateTemplates(); }
 
   // Windows.
   /// The new window; null when the file may not be opened or the window has closed while the user was asked.
   QPointer<editor::ui::Mainwin> Open(const std::string& path);
   editor::ui::Mainwin* AddDocument();
+  static template_editor::ui::frmTemplate* TemplateEditorIn(const QMdiSubWindow* window);
+  template_editor::ui::frmTemplate* AddTemplateEditor();
+  void OpenTemplate();
+  void TemplateEditorActivated(template_editor::ui::frmTemplate& activated);
+  void ShowAboutTemplate();
   void WindowActivated(QMdiSubWindow* window);
   void WindowCloses(editor::ui::Mainwin& document);
   void UpdateWindowTabs(const ChildWindow* excluded);
@@ -145,6 +159,7 @@ class BackWin : public QMainWindow, private editor::DocumentFrame {
   void BindHelpCommands();
   void BindAidCommands();
   void BindSettingsCommands();
+  void BindTemplateCommands();
   /// Does something with every open document and gives the active one the focus.
   void EveryDocument(const std::function<void(editor::ui::Mainwin&)>& action);
   /// Binds the command of a tool that concerns the active document.

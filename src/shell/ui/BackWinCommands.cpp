@@ -45,6 +45,7 @@ void BackWin::BindCommands() {
   BindHelpCommands();
   BindAidCommands();
   BindSettingsCommands();
+  BindTemplateCommands();
   DisableWaitingTools();
 }
 

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QButtonGroup>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QListView>
 #include <QRegularExpression>
@@ -66,6 +67,7 @@ QAbstractItemView* EditorForm::MakeList(List list, RowSource source, QWidget* pa
   connect(
       view->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this, list] { Selected(list); },
       Qt::QueuedConnection);
+  view->installEventFilter(this);
   m_lists[list] = {view, model, 0};
   return view;
 }
@@ -100,6 +102,18 @@ void EditorForm::Selected(List list) {
   m_editor.Select(list, row);
   m_selecting = false;
   Show();
+}
+
+/// A list that gets the focus makes its first row the current one without selecting it, and a key that goes there would
+/// do nothing. Without a selected row the keys begin before the first.
+bool EditorForm::eventFilter(QObject* watched, QEvent* event) {
+  auto* view = qobject_cast<QAbstractItemView*>(watched);
+  if (view && event->type() == QEvent::KeyPress && !view->selectionModel()->hasSelection()) {
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Home)
+      view->selectionModel()->setCurrentIndex({}, QItemSelectionModel::NoUpdate);
+  }
+  return false;
 }
 
 void EditorForm::Done(const Outcome& outcome) {

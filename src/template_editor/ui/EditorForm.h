@@ -34,7 +34,6 @@ class EditorForm : public QObject {
 
   QLineEdit* Field(TextField field) const { return m_fields.at(field); }
   QPushButton* ButtonOf(Button button) const { return m_buttons.at(button); }
-  QAbstractItemView* ViewOf(List list) const { return m_lists.at(list).View; }
 
   /// Shows everything that the editor has.
   void Show();
@@ -44,6 +43,9 @@ class EditorForm : public QObject {
   static void Choose(QButtonGroup& group, int id);
   /// Presses the default button, if it can be pressed, or the push button that has the focus.
   void PressDefault();
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  Q_SIGNALS:
   /// Fields, buttons and lists have been shown: the pages show the rest.

@@ -210,7 +210,8 @@ void Reader::WalkRule(const Place& place, const XmlElement& rule) {
   const std::string& attribute = rule.Attribute("attribute");
   const auto role = place.Source->RoleOf(attribute.empty() ? place.Context->Attribute("attribute") : attribute);
   if (role && rule.Name == "keyword") TakeList(place, rule, *role);
-  if (role && (rule.Name == "WordDetect" || rule.Name == "StringDetect" || rule.Name == "RegExpr"))
+  constexpr std::string_view WordRules[] = {"WordDetect", "StringDetect", "RegExpr", "Detect2Chars"};
+  if (role && std::find(std::begin(WordRules), std::end(WordRules), rule.Name) != std::end(WordRules))
     TakeWords(place, rule, *role);
   if (role == Role::Literal && rule.Name != "keyword" && rule.Name != "WordDetect") m_definition.HasNumbers = true;
   const KdeTarget target = KdeTarget::Of(rule.Attribute("context"));
@@ -284,6 +285,7 @@ void Reader::TakeList(const Place& place, const XmlElement& rule, Role role) {
 /// Words that a rule names itself.
 void Reader::TakeWords(const Place& place, const XmlElement& rule, Role role) {
   if (rule.Flag("lookAhead") || rule.Flag("dynamic")) return;
+  if (rule.Name == "Detect2Chars" && role == Role::Literal) return;  // "0x" begins a number
   RegexWords words = WordsOfRule(rule);
   const bool exact = words.Complete && !words.Asserted && !words.ToLineEnd;
   // Of directives the blanks between "#" and the name are what cannot be counted.

@@ -61,6 +61,7 @@ class Maker {
   MadeTemplate Run(const std::string& date);
 
  private:
+  void SettleMarkup();
   void TakeRange(Range range);
   void TakeQuotes();
   void TakeQuote(char quote, const std::string& quotes);
@@ -80,6 +81,7 @@ class Maker {
   MadeTemplate m_made;
   std::unordered_map<std::string, std::string> m_taken;  ///< folded start word to start word
   std::unordered_map<std::string, std::string> m_ends;   ///< of the marks
+  bool m_isShell = false;
   Rejects m_unfit, m_caseTwins;
 };
 
@@ -124,9 +126,27 @@ void Maker::TakeRange(Range range) {
   Add(range.Start, colWord::UntilWord, range.End, range.Class, include, range.Line);
 }
 
+/// In the text of a page an apostrophe begins nothing, and a quote behind which a tag ends is the end of a value.
+void Maker::SettleMarkup() {
+  auto& ranges = m_definition.Ranges;
+  if (std::none_of(ranges.begin(), ranges.end(), [](const Range& range) { return range.Start == "<!--"; })) return;
+  for (Range& range : ranges)
+    if (range.Class == Role::Text && range.Start == "'") range.Start = "='";
+  for (const char* end : {"\"/>", "\">", "'/>", "'>"}) Add(end, colWord::EndOfWord, "", Role::Plain, true);
+  Add("=''", colWord::EndOfWord, "", Role::Plain, true);
+}
+
 /// What keeps a quote that stands alone from turning the rest of the file inside out: short strings that hold a quote,
 /// and pairs that end a string but hardly ever begin one.
 void Maker::TakeQuotes() {
+  // In a shell a backslash keeps a quote from beginning a string; elsewhere it stands before quotes inside strings.
+  const auto has = [&](const char* word) {
+    const auto holds = [&](const WordList& list) {
+      return std::find(list.Words.begin(), list.Words.end(), word) != list.Words.end();
+    };
+    return std::any_of(m_definition.Lists.begin(), m_definition.Lists.end(), holds);
+  };
+  m_isShell = has("fi") && has("done");
   std::string quotes;
   for (const Range& range : m_definition.Ranges)
     if (range.Class == Role::Text && range.Start == range.End && range.Start.size() == 1 &&
@@ -153,6 +173,7 @@ void Maker::TakeQuote(char quote, const std::string& quotes) {
     plain(q + bracket);
     plain(bracket + q);
   }
+  if (m_isShell) plain('\\' + q);
   if (m_definition.BackslashEscapes && quote != '`')
     for (const char* before : {"\\n", "\\t", "\\r", "%s", "%d"}) plain(before + q);
 }
@@ -211,6 +232,7 @@ void Maker::Describe(const std::string& date) {
 }
 
 MadeTemplate Maker::Run(const std::string& date) {
+  SettleMarkup();
   MakeDelimeters();
   // What stands for a stretch wins over a word; a longer stretch is told apart from a shorter one by Order.
   for (const Range& range : m_definition.Ranges) TakeRange(range);

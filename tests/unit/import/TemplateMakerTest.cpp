@@ -43,6 +43,15 @@ std::string Coloured(const templates::TemplateFields& fields, const std::string&
   return shown + text.substr(at);
 }
 
+templates::TemplateFields Loaded(const MadeTemplate& made) {
+  templates::TemplateFields fields;
+  templates::CollectedMessages messages;
+  std::string helpFile;
+  templates::LoadTemplateText(templates::WriteTemplate(made.Template, "d"), "x.def", fields, {}, messages, helpFile);
+  for (const templates::LoadProblem& problem : messages.Problems) ADD_FAILURE() << problem.Line << problem.Reason;
+  return fields;
+}
+
 TEST(TemplateMaker, LoadsAndColours) {
   const MadeTemplate made = MakeTemplate(Sample(), "2026-01-02");
   std::string losses;
@@ -53,11 +62,7 @@ TEST(TemplateMaker, LoadsAndColours) {
             "9 Words with blanks in them, or too long for a colour word (1): two words.\n"
             "9 Words that differ from another in letter case alone; the first stays (1): If.\n");
 
-  templates::TemplateFields fields;
-  templates::CollectedMessages messages;
-  std::string helpFile;
-  templates::LoadTemplateText(templates::WriteTemplate(made.Template, "d"), "x.def", fields, {}, messages, helpFile);
-  for (const templates::LoadProblem& problem : messages.Problems) ADD_FAILURE() << problem.Line << problem.Reason;
+  const templates::TemplateFields fields = Loaded(made);
   EXPECT_EQ(fields.TName, "X");
   EXPECT_EQ(fields.DefaultExtension, "x");
   EXPECT_EQ(fields.TComments, "Made from x.lang (highlight), version: 7, licence: MIT.");
@@ -73,6 +78,18 @@ TEST(TemplateMaker, LoadsAndColours) {
       {"\"a\\\"b\")  if 'x'", "\"{2 a\\}\"b{8 \")}  {3 if} '{2 x}'"},
   };
   for (const auto& [text, coloured] : cases) EXPECT_EQ(Coloured(fields, text), coloured);
+}
+
+TEST(TemplateMaker, QuotesInPagesAndShells) {
+  Definition page, shell;
+  page.Delimeters = shell.Delimeters = DelimetersBut("_");
+  page.Ranges =
+      shell.Ranges = {{Role::Text, "\"", "\"", 1}, {Role::Text, "'", "'", 1}, {Role::Comment, "<!--", "-->", 1}};
+  shell.Ranges.pop_back();
+  shell.Lists = {{Role::Keyword, {"if", "fi", "done"}, 1}};
+  EXPECT_EQ(Coloured(Loaded(MakeTemplate(page, "d")), "don't <a b='c' d=\"e\">\"f\"> <!-- g -->"),
+            "don't <a b='{2 c}' d=\"{2 e}\">\"{2 f}\"> {1 <!-- g -->}");
+  EXPECT_EQ(Coloured(Loaded(MakeTemplate(shell, "d")), "don\\'t 'if' if"), "don{8 \\'}t '{2 if}' {3 if}");
 }
 
 TEST(TemplateMaker, AMarkThatWordsMayHoldIsFoundEverywhere) {

@@ -45,10 +45,22 @@ void TakeCredits(Definition& definition, std::span<const std::string> comments) 
   }
 }
 
-void Definition::LoseNames(std::size_t line, std::span<const std::string> names) {
-  std::string all;
-  for (const std::string& name : names) all += (all.empty() ? "" : ", ") + name;
-  if (!all.empty()) Lose(line, "A template is found by extension, not by these names: " + all + '.');
+void Definition::TakePatterns(std::size_t line, std::span<const std::string> patterns) {
+  std::vector<std::string> names;
+  std::string lost;
+  for (const std::string& pattern : patterns) {
+    const std::string name = pattern.starts_with("*.") ? pattern.substr(2) : pattern;
+    const bool isExtension = name.size() < pattern.size();
+    if (name.empty() || name.find_first_of("*?[]$;/\\ ") != std::string::npos ||
+        (isExtension && name.find('.') != std::string::npos))
+      lost += (lost.empty() ? "" : ", ") + pattern;
+    else if (isExtension)
+      Extensions.push_back(name);
+    else  // the extension of ".profile" is all of it
+      names.push_back(name.rfind('.') == 0 ? name.substr(1) : name);
+  }
+  Extensions.insert(Extensions.end(), names.begin(), names.end());
+  if (!lost.empty()) Lose(line, "A template is not found by these patterns: " + lost + '.');
 }
 
 bool IsPlainFileName(std::string_view name) {

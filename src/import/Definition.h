@@ -51,7 +51,7 @@ struct Definition {
   std::string File;    ///< where it comes from, for messages
   std::string Format;  ///< whose format it is
   std::string Name;
-  std::vector<std::string> Extensions;  ///< without "."
+  std::vector<std::string> Extensions;  ///< without "."; whole names of files at the end
   bool CaseSensitive = true;
   std::string Delimeters;  ///< printable ASCII, one character each
   std::vector<WordList> Lists;
@@ -63,8 +63,9 @@ struct Definition {
 
   /// Notes something that is not carried over.
   void Lose(std::size_t line, std::string what) { Losses.push_back({File, line, std::move(what)}); }
-  /// Notes names of files that a template cannot be found by, if there are any.
-  void LoseNames(std::size_t line, std::span<const std::string> names);
+  /// Takes extensions from patterns for names of files ("*.c", "Makefile"): whole names stand behind the extensions,
+  /// and what no list of extensions can say is noted.
+  void TakePatterns(std::size_t line, std::span<const std::string> patterns);
 };
 
 /// What a reader gives: the definition, or why there is none.

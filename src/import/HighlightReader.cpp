@@ -179,16 +179,18 @@ void Reader::TakePreprocessor() {
 void Reader::TakeExtensions(const NeighbourFiles& neighbours) {
   const std::string title = platform::FileTitle(m_definition.File);
   std::vector<std::string>& extensions = m_definition.Extensions;
+  std::vector<std::string> names;
   if (const auto text = neighbours("filetypes.conf")) {
     const LuaFile types = ReadLuaTables(*text, "filetypes.conf", [](std::string_view) { return std::nullopt; });
     for (const LuaField& field : FieldsOf(types.At("FileMapping"))) {
       if (At(field.Value, "Lang").Text != title) continue;
       for (std::string& extension : TextsOf(At(field.Value, "Extensions"))) extensions.push_back(std::move(extension));
-      m_definition.LoseNames(0, TextsOf(At(field.Value, "Filenames")));
+      names = TextsOf(At(field.Value, "Filenames"));
     }
   }
   if (std::find(extensions.begin(), extensions.end(), title) == extensions.end())
     extensions.insert(title.size() <= ShortName ? extensions.begin() : extensions.end(), title);
+  m_definition.TakePatterns(0, names);
 }
 
 Definition Reader::Run(const NeighbourFiles& neighbours) {

@@ -122,17 +122,14 @@ void Reader::TakeHead() {
   m_definition.Author = root.Attribute("author");
   m_definition.Licence = root.Attribute("license");
   std::string_view patterns = root.Attribute("extensions");
-  std::vector<std::string> names;
+  std::vector<std::string> parts;
   while (!patterns.empty()) {
     const std::size_t end = std::min(patterns.find(';'), patterns.size());
     const std::string_view pattern = templates::Trimmed(patterns.substr(0, end));
+    if (!pattern.empty()) parts.emplace_back(pattern);
     patterns.remove_prefix(std::min(end + 1, patterns.size()));
-    if (pattern.size() > 2 && pattern.starts_with("*.") && pattern.find_first_of("*.?[", 2) == std::string_view::npos)
-      m_definition.Extensions.emplace_back(pattern.substr(2));
-    else if (!pattern.empty())
-      names.emplace_back(pattern);
   }
-  m_definition.LoseNames(root.Line, names);
+  m_definition.TakePatterns(root.Line, parts);
 }
 
 void Reader::TakeDelimeters() {

@@ -51,7 +51,6 @@ class Reader {
   std::vector<Language> Languages() const;
   bool Choose(const std::string& wanted);
   std::string NameOfLanguage() const;
-  void TakeExtensions();
   void TakeDelimeters();
   void TakeSets();
   void TakeSet(std::size_t number, const Property& property);
@@ -137,18 +136,6 @@ std::string Reader::NameOfLanguage() const {
     if (!name.empty() && name.find("$(") == std::string_view::npos) return std::string(name);
   }
   return m_language.Name;
-}
-
-void Reader::TakeExtensions() {
-  std::vector<std::string> names;
-  for (const std::string& pattern : m_patterns) {
-    const std::string extension = pattern.starts_with("*.") ? pattern.substr(2) : "";
-    if (!extension.empty() && extension.find_first_of("*.?$") == std::string::npos)
-      m_definition.Extensions.push_back(extension);
-    else
-      names.push_back(pattern);
-  }
-  m_definition.LoseNames(m_language.Line, names);
 }
 
 void Reader::TakeDelimeters() {
@@ -239,7 +226,7 @@ ReadDefinition Reader::Run(const std::string& language) {
                                                       : "The file has no language \"" + language + "\".");
   m_lexer = FindSciteLexer(rich_text::LowerCase(m_language.Lexer));
   m_definition.Name = NameOfLanguage();
-  TakeExtensions();
+  m_definition.TakePatterns(m_language.Line, m_patterns);
   TakeDelimeters();
   TakeLexer();
   TakeSets();

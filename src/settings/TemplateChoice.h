@@ -1,7 +1,7 @@
 #pragma once
 // Which template a file gets that is opened: its own record's, else that of a known template with its extension, else
-// the user's association of the extension, else the same with the whole file name ("Makefile"), else the user is asked or the default for opened files is taken. All paths
-// are UTF-8; templates::NoTemplate stands for no template.
+// the user's association of the extension, else the same with the whole file name ("Makefile"), else the user is asked
+// or the default for opened files is taken. All paths are UTF-8; templates::NoTemplate stands for no template.
 //
 // The frame's OpenFile in its order:
 //   if (!MayOpen(path, prompts)) return;

@@ -39,7 +39,7 @@ TEST(KdeReader, SmallDefinitions) {
     const char* Read;
   } cases[] = {
       {Whole("version='2' author='A' license='MIT' extensions='*.t; *.u;Tfile;*.t.in'", ""),
-       "T .t .u [2] [A] [MIT]\n!1 A template is found by extension, not by these names: Tfile, *.t.in.\n"},
+       "T .t .u .Tfile [2] [A] [MIT]\n!1 A template is not found by these patterns: *.t.in.\n"},
       {Whole("",
              "<list name='l'><item>&ab;</item><item> c\n</item><include>m</include><include>l##C++</include></list>"
              "<list name='m'><item><![CDATA[<d>]]></item></list><contexts><context name='a' attribute='N'>"

@@ -24,9 +24,11 @@ TEST(SciteReader, SmallDefinitions) {
     const char* Text;
     const char* Read;
   } cases[] = {
-      {"", "file.patterns.t=*.t;*.u;Tfile\nfilter.t=The T (t u)|$(file.patterns.t)|\nlexer.$(file.patterns.t)=rust\n",
-       "The T .t .u numbers\n1 //\n1 /* */\n2 \" \"\n"
-       "!3 A template is found by extension, not by these names: Tfile.\n"},
+      {"",
+       "file.patterns.t=*.t;Tfile;*.u;.trc;T*;*.a.b\nfilter.t=The T (t "
+       "u)|$(file.patterns.t)|\nlexer.$(file.patterns.t)=rust\n",
+       "The T .t .u .Tfile .trc numbers\n1 //\n1 /* */\n2 \" \"\n"
+       "!3 A template is not found by these patterns: T*, *.a.b.\n"},
       {"", "lexer.*.t=conf\r\nkeywords.*.t=if \\\r\n  else$(none)\r\nkeywords2.*.t=on\r\n",
        "t .t any case numbers\n1 #\n2 \" \"\n3: if else\n5: on\n"},
       {"",

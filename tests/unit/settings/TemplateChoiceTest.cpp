@@ -26,9 +26,10 @@ class TemplateChoiceTest : public testing::Test {
                    answer);
   }
 
-  std::vector<templates::Template> List = {
-      {"JavaScript", "js", "/js.def"}, {"HTML", "htm; html", "/html.def"}, {"Other", "JS", "/other.def"},
-      {"Makes", "mk;makefile;CMakeLists.txt", "/makes.def"}};
+  std::vector<templates::Template> List = {{"JavaScript", "js", "/js.def"},
+                                           {"HTML", "htm; html", "/html.def"},
+                                           {"Other", "JS", "/other.def"},
+                                           {"Makes", "mk;makefile;CMakeLists.txt", "/makes.def"}};
   FileInfos Records;
   Settings Values;
   tests::ScriptedPrompts Prompts;

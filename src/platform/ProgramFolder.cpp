@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <utility>
 
+#include "platform/TemplateCopies.h"
 #include "rich_text/Encoding.h"
 
 namespace platform {
@@ -32,16 +33,6 @@ std::string WholePath(const std::string& folder) {
   std::error_code error;
   const fs::path path = fs::absolute(folder, error).lexically_normal();
   return (path.has_filename() || path == path.root_path() ? path : path.parent_path()).string();
-}
-
-/// Copies the installed files that the user's folder lacks. A file that cannot be copied is left out: the program works
-/// with the templates that there are.
-void Fill(const std::string& folder, const std::string& installed) {
-  std::error_code error;
-  fs::create_directories(folder, error);
-  for (const char* ending : {".def", ".hdf"})
-    for (const std::string& file : ListFiles(installed, ending))
-      fs::copy_file(file, fs::path(folder) / fs::path(file).filename(), fs::copy_options::skip_existing, error);
 }
 
 }  // namespace
@@ -71,7 +62,7 @@ std::string FindProgramFolder(const ProgramPlaces& places, bool fill) {
   if (HasTemplates(portable) && CanBeWritten(portable)) return portable;
   const std::string own = places.DataHome + "/quillmark";
   const std::string installed = InstalledFolder(places);
-  if (fill) Fill(own, installed);
+  if (fill) RenewCopies(own, installed);
   return HasTemplates(own) || fill || installed.empty() ? own : installed;
 }
 

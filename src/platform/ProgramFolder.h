@@ -2,8 +2,8 @@
 // Where the program's own files live: templates, help definition files, FileInfo.ini and the rest.
 //
 // In this order: $QUILLMARK_HOME; the executable's folder when it holds templates and can be written (a portable copy);
-// the user's data folder ($XDG_DATA_HOME/quillmark), filled from the installed files at first start and never
-// overwritten where the user changed a file.
+// the user's data folder ($XDG_DATA_HOME/quillmark), with copies of the installed files (TemplateCopies), which
+// are never overwritten where the user changed one.
 
 #include <string>
 #include <vector>
@@ -20,7 +20,7 @@ struct ProgramPlaces {
 };
 
 /// The program folder as an absolute path, without a final separator. With `fill` the user's data folder is made and
-/// the installed files are copied into it where it lacks them; without it nothing on disk changes, and when the data
+/// its copies of the installed files are brought up to date; without it nothing on disk changes, and when the data
 /// folder does not exist the folder of the installed files is the answer.
 std::string FindProgramFolder(const ProgramPlaces& places, bool fill);
 

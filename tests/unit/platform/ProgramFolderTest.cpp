@@ -60,6 +60,35 @@ TEST_F(ProgramFolderTest, TheDataFolderIsFilledAndTheUsersFilesStay) {
   EXPECT_EQ(FindProgramFolder(m_places, false), own);
 }
 
+TEST_F(ProgramFolderTest, ACopyIsRenewedUnlessTheUserChangedOrRemovedIt) {
+  const auto install = [this](const std::string& version) {
+    for (const char* name : {"Left.def", "Changed.def", "Removed.def", "Left.hdf"})
+      m_folder.Write(std::string("usr/share/quillmark/") + name, version);
+  };
+  const auto start = [this] { FindProgramFolder(m_places, true); };
+  const auto own = [this](const std::string& name) { return m_folder.Path("home/share/quillmark/" + name); };
+  install("first");
+  start();
+  m_folder.Write("home/share/quillmark/Changed.def", "the user's");
+  std::filesystem::remove(own("Removed.def"));
+  start();
+  EXPECT_FALSE(std::filesystem::exists(own("Removed.def"))) << "with nothing newer installed";
+  install("version 2");
+  start();
+  EXPECT_EQ(m_folder.Read("home/share/quillmark/Left.def"), "version 2");
+  EXPECT_EQ(m_folder.Read("home/share/quillmark/Left.hdf"), "version 2");
+  EXPECT_EQ(m_folder.Read("home/share/quillmark/Changed.def"), "the user's");
+  EXPECT_FALSE(std::filesystem::exists(own("Removed.def")));
+
+  m_folder.Write("home/share/quillmark/Installed.txt", "no record\n99999999999999999999 1 1 Left.def\n5 5\n");
+  install("the third version");
+  start();
+  EXPECT_EQ(m_folder.Read("home/share/quillmark/Left.def"), "version 2") << "whose it is cannot be told any more";
+  for (const char* name : {"Left.def", "Changed.def", "Removed.def"}) std::filesystem::remove(own(name));
+  start();
+  EXPECT_EQ(m_folder.Read("home/share/quillmark/Removed.def"), "the third version") << "an empty folder is filled";
+}
+
 TEST_F(ProgramFolderTest, ABuildTreeFindsTheSources) {
   m_folder.Write("data/templates/A.def", "");
   std::filesystem::create_directories(m_folder.Path("build/bin"));

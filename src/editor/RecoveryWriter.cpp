@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
+#include <iterator>
 #include <utility>
 
 namespace editor {
@@ -41,8 +42,18 @@ bool WriteAll(int descriptor, std::string_view bytes) {
 
 }  // namespace
 
-// The first part belongs to both threads, under the writer's mutex; the second to the writing thread alone.
+// The first part belongs to all threads, under the writer's mutex. The second is passed on with the jobs: the writing
+// thread opens and writes, and the syncing thread has the path from then on. The descriptor stays open until the last
+// job or, after a failure, until the handle goes, as either thread may be using it.
 struct JournalFile {
+  JournalFile() = default;
+  ~JournalFile() { Close(); }
+  JournalFile(const JournalFile&) = delete;
+  JournalFile& operator=(const JournalFile&) = delete;
+  void Close() {
+    if (Descriptor >= 0) ::close(std::exchange(Descriptor, -1));
+  }
+
   std::string Name;
   std::string Pending;
   std::size_t Writing = 0;
@@ -55,7 +66,7 @@ struct JournalFile {
   std::size_t GoodBytes = 0;
 };
 
-/// What the thread has taken over from a file.
+/// What the threads have taken over from a file.
 struct RecoveryWriter::Job {
   JournalHandle File;
   std::string Bytes;
@@ -82,7 +93,7 @@ std::string MakePrivateFolder(const std::string& folder) {
 // The window's side.
 
 RecoveryWriter::RecoveryWriter(std::string folder, std::chrono::milliseconds gather)
-    : m_folder(std::move(folder)), m_gather(gather), m_thread([this] { Run(); }) {}
+    : m_folder(std::move(folder)), m_gather(gather), m_writer([this] { Write(); }), m_syncer([this] { Sync(); }) {}
 
 RecoveryWriter::~RecoveryWriter() {
   {
@@ -90,7 +101,8 @@ RecoveryWriter::~RecoveryWriter() {
     m_stop = true;
   }
   m_wake.notify_one();
-  m_thread.join();
+  m_writer.join();
+  m_syncer.join();
 }
 
 void RecoveryWriter::Changed(const JournalHandle& file, bool urgent) {
@@ -140,60 +152,80 @@ void RecoveryWriter::Flush() {
   std::unique_lock lock(m_mutex);
   m_urgent = true;
   m_wake.notify_one();
-  m_done.wait(lock, [this] { return m_files.empty() && !m_busy; });
+  m_done.wait(lock, [this] { return m_files.empty() && m_inWork == 0; });
 }
 
-// The thread.
+// The threads.
 
 std::vector<RecoveryWriter::Job> RecoveryWriter::TakeJobs() {
   std::vector<Job> jobs;
   for (JournalHandle& file : std::exchange(m_files, {})) {
-    file->Writing = file->Pending.size();
+    file->Writing += file->Pending.size();
     jobs.push_back({file, std::exchange(file->Pending, {}), file->WantsName, file->Removed, file->Left, file->Error});
   }
+  m_inWork += jobs.size();
   return jobs;
 }
 
-void RecoveryWriter::Run() {
+void RecoveryWriter::Write() {
   std::unique_lock lock(m_mutex);
   while (true) {
     m_wake.wait(lock, [this] { return m_stop || !m_files.empty(); });
-    if (m_files.empty()) return;
+    if (m_files.empty()) break;
     m_wake.wait_for(lock, m_gather, [this] { return m_stop || m_urgent; });
     m_urgent = false;
-    m_busy = true;
     std::vector<Job> jobs = TakeJobs();
     lock.unlock();
-    for (Job& job : jobs) Perform(job);
+    for (Job& job : jobs) WriteBytes(job);
+    lock.lock();
+    std::move(jobs.begin(), jobs.end(), std::back_inserter(m_written));
+    m_toSync.notify_one();
+  }
+  m_allWritten = true;
+  m_toSync.notify_one();
+}
+
+void RecoveryWriter::Sync() {
+  std::unique_lock lock(m_mutex);
+  while (true) {
+    m_toSync.wait(lock, [this] { return m_allWritten || !m_written.empty(); });
+    if (m_written.empty()) return;
+    std::vector<Job> jobs = std::exchange(m_written, {});
+    lock.unlock();
+    for (Job& job : jobs) Finish(job);
     lock.lock();
     for (const Job& job : jobs) {
-      job.File->Writing = 0;
-      job.File->Error = job.Error;
+      job.File->Writing -= job.Bytes.size();
+      if (job.File->Error.empty()) job.File->Error = job.Error;
       job.File->Published = job.File->Published || (job.Publish && job.Error.empty());
       if (!job.Error.empty()) job.File->Pending.clear();
     }
-    m_busy = false;
+    m_inWork -= jobs.size();
     m_done.notify_all();
   }
 }
 
 namespace {
 
+std::string UnfinishedPath(const JournalFile& file, const std::string& folder) {
+  return folder + '/' + file.Name + std::string(UnfinishedSuffix);
+}
+
 std::string Open(JournalFile& file, const std::string& folder) {
   if (const std::string error = MakePrivateFolder(folder); !error.empty()) return error;
-  const std::string path = folder + '/' + file.Name + std::string(UnfinishedSuffix);
+  const std::string path = UnfinishedPath(file, folder);
   file.Descriptor = ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_APPEND | O_CLOEXEC | O_NOFOLLOW, 0600);
   if (file.Descriptor < 0) return path + ": " + LastError();
   file.Path = path;
   return ::flock(file.Descriptor, LOCK_EX | LOCK_NB) == 0 ? "" : path + ": " + LastError();
 }
 
-std::string Write(JournalFile& file, std::string_view bytes) {
-  if (WriteAll(file.Descriptor, bytes) && ::fdatasync(file.Descriptor) == 0) {
+std::string AppendTo(JournalFile& file, std::string_view bytes, const std::string& folder) {
+  if (WriteAll(file.Descriptor, bytes)) {
     file.GoodBytes += bytes.size();
     return "";
   }
-  const std::string error = file.Path + ": " + LastError();
+  const std::string error = UnfinishedPath(file, folder) + ": " + LastError();
   // What was cut off would be passed over by a reader; without it the file is as small as can be on a full disk.
   [[maybe_unused]] const int ignored = ::ftruncate(file.Descriptor, static_cast<off_t>(file.GoodBytes));
   return error;
@@ -208,25 +240,36 @@ std::string GiveName(JournalFile& file, const std::string& folder) {
   return "";
 }
 
-void Close(JournalFile& file) {
-  if (file.Descriptor >= 0) ::close(std::exchange(file.Descriptor, -1));
+/// Takes a file that never got its name off the disk, and gives its room back at once.
+void Discard(JournalFile& file) {
+  if (!file.Path.ends_with(UnfinishedSuffix)) return;
+  ::unlink(file.Path.c_str());
   file.Path.clear();
+  if (file.Descriptor < 0) return;
+  [[maybe_unused]] const int ignored = ::ftruncate(file.Descriptor, 0);
 }
 
 }  // namespace
 
-void RecoveryWriter::Perform(Job& job) const {
+// Nothing here waits for the disk: what is written survives the program's end, whatever the disk is busy with.
+void RecoveryWriter::WriteBytes(Job& job) const {
+  if (job.Remove || !job.Error.empty() || job.Bytes.empty()) return;
+  if (job.File->Descriptor < 0) job.Error = Open(*job.File, m_folder);
+  if (job.Error.empty()) job.Error = AppendTo(*job.File, job.Bytes, m_folder);
+}
+
+void RecoveryWriter::Finish(Job& job) const {
   JournalFile& file = *job.File;
   if (job.Remove) {
     if (!file.Path.empty() && ::unlink(file.Path.c_str()) == 0) SyncFolder(m_folder);
-    return Close(file);
+    file.Path.clear();
+    return file.Close();
   }
-  if (job.Error.empty() && file.Descriptor < 0 && !job.Bytes.empty()) job.Error = Open(file, m_folder);
-  if (job.Error.empty() && !job.Bytes.empty()) job.Error = Write(file, job.Bytes);
+  if (job.Error.empty() && !job.Bytes.empty() && ::fdatasync(file.Descriptor) != 0)
+    job.Error = file.Path + ": " + LastError();
   if (job.Error.empty() && job.Publish && file.Descriptor >= 0) job.Error = GiveName(file, m_folder);
-  const bool isUseless = !job.Error.empty() && file.Path.ends_with(UnfinishedSuffix);
-  if (isUseless) ::unlink(file.Path.c_str());
-  if (isUseless || job.Leave) Close(file);
+  if (!job.Error.empty()) Discard(file);
+  if (job.Leave) file.Close();
 }
 
 }  // namespace editor

@@ -1,10 +1,11 @@
 #pragma once
-// Writes the journals of unsaved documents from a thread of its own, so that no key ever waits for a disk.
+// Writes the journals of unsaved documents from threads of its own, so that no key ever waits for a disk.
 //
-// The thread knows nothing of documents: it gets bytes and writes them. Each file's bytes are gathered for a moment,
-// appended and synced; a file takes its final name only when its first bytes are safe, and holds a lock (flock) as long
-// as it is open. Every function returns at once unless it says otherwise, and is called on the window thread. A write
-// that fails ends its file: what was written before stays, cut at the last whole write, and the error is kept.
+// The threads know nothing of documents: they get bytes. One gathers each file's bytes for a moment and appends them,
+// so that they outlive the program; the other syncs them, so that they outlive the machine, and may take its time on a
+// slow disk. A file takes its final name only when its first bytes are safe, and holds a lock (flock) as long as it is
+// open. Every function returns at once unless it says otherwise, and is called on the window thread. A write that fails
+// ends its file: what was written before stays, cut at the last whole write, and the error is kept.
 
 #include <chrono>
 #include <condition_variable>
@@ -54,18 +55,22 @@ class RecoveryWriter {
 
  private:
   struct Job;
-  void Run();
+  void Write();
+  void Sync();
   std::vector<Job> TakeJobs();
-  void Perform(Job& job) const;
+  void WriteBytes(Job& job) const;
+  void Finish(Job& job) const;
   void Changed(const JournalHandle& file, bool urgent);
 
   const std::string m_folder;
   const std::chrono::milliseconds m_gather;
   mutable std::mutex m_mutex;
-  std::condition_variable m_wake, m_done;
+  std::condition_variable m_wake, m_toSync, m_done;
   std::vector<JournalHandle> m_files;  ///< those with work to do
-  bool m_urgent = false, m_stop = false, m_busy = false;
-  std::thread m_thread;  ///< the last member: it uses all others
+  std::vector<Job> m_written;          ///< what is to be synced and finished
+  std::size_t m_inWork = 0;            ///< jobs taken and not finished
+  bool m_urgent = false, m_stop = false, m_allWritten = false;
+  std::thread m_writer, m_syncer;  ///< the last members: they use all others
 };
 
 /// Makes the folder, open to its owner alone; "" or why it cannot be used.

@@ -78,7 +78,11 @@ frmTemplate::frmTemplate(EditorFrame& frame)
   m_lastFocus = m_form->Field(TextField::TemplateName);
 }
 
-frmTemplate::~frmTemplate() = default;
+// The lists still read their rows while they go, for a screen reader perhaps, so they go before the editor.
+frmTemplate::~frmTemplate() {
+  m_initialTextEvents.reset();
+  delete m_holderBox;
+}
 
 // Pages.
 
@@ -134,7 +138,7 @@ bool frmTemplate::eventFilter(QObject* watched, QEvent* event) {
 void frmTemplate::focusInEvent(QFocusEvent*) {
   if (m_lastFocus && m_lastFocus->isVisible() && m_lastFocus->isEnabled())
     m_lastFocus->setFocus();
-  else
+  else if (m_tabStrip)
     m_tabStrip->setFocus();
 }
 

@@ -3,7 +3,7 @@
 // without them.
 
 #include <QPointer>
-#include <QWidget>
+#include <QTabWidget>
 #include <memory>
 
 #include "shell/ChildWindow.h"
@@ -12,7 +12,6 @@
 #include "template_editor/ui/InitialTextEvents.h"
 
 class QMdiSubWindow;
-class QTabWidget;
 
 namespace template_editor::ui {
 
@@ -72,7 +71,7 @@ class frmTemplate : public QWidget, public shell::ChildWindow, public EditorWind
   LeaveAnswer AskToLeave(Level level, bool mayChange) override;
 
   QWidget* m_holderBox;
-  QTabWidget* m_tabStrip;
+  QPointer<QTabWidget> m_tabStrip;
   platform::qt::RichTextBox* m_initialText;
   std::unique_ptr<TemplateEditor> m_editor;
   std::unique_ptr<EditorForm> m_form;

@@ -110,6 +110,7 @@ TEST_F(TemplateEditorTest, ADelimeterOfAnActionBecomesOneOfTheTemplate) {
     m_editor.Click(Button::DelimAdd);
   }
   EXPECT_EQ(m_editor.TextOf(TextField::DelimetersBox), ",.::");
+  EXPECT_FALSE(m_editor.WarnsOfDelimeters()) << "a space is one anyway";
   Type(TextField::DelimBox, ">");
   m_editor.Click(Button::DelimChange);
   EXPECT_EQ(m_editor.TextOf(TextField::DelimetersBox), ",.::>");

@@ -18,11 +18,11 @@ enum class BandKind { MenuBar, Menu, Toolbar, Tabs, Popup };
 /// What a click on a tool may do: run its command, open the band named in SubBand, or either.
 struct ToolDesign {
   std::string_view Name;
-  std::string_view Caption = "";      ///< "" hides the tool until it has one
-  std::string_view Description = "";  ///< for the status bar and tips
-  std::string_view Shortcut = "";     ///< "Ctrl+S", or several separated by ", "; "" for none
-  std::string_view Icon = "";         ///< the name of its drawing, "" for none
-  std::string_view SubBand = "";      ///< the menu that opens from it, "" for none
+  std::string_view Caption = {};      ///< "" hides the tool until it has one
+  std::string_view Description = {};  ///< for the status bar and tips
+  std::string_view Shortcut = {};     ///< "Ctrl+S", or several separated by ", "; "" for none
+  std::string_view Icon = {};         ///< the name of its drawing, "" for none
+  std::string_view SubBand = {};      ///< the menu that opens from it, "" for none
   bool HasCommand = true;             ///< false for a tool that only opens its menu
   bool Checkable = false;
   int Id = 0;
@@ -31,12 +31,12 @@ struct ToolDesign {
 /// A tool on a band. Caption "" is the tool's own.
 struct BandEntry {
   std::string_view Name;
-  std::string_view Caption = "";
+  std::string_view Caption = {};
 };
 
 struct BandDesign {
   std::string_view Name;
-  std::string_view Caption = "";
+  std::string_view Caption = {};
   BandKind Kind = BandKind::Menu;
   int Row = 0;  ///< of a toolbar or tab strip, from the top; those of one row stand in the table's order
   bool FilledAtRunTime = false;  ///< the program fills it, so that the user cannot rearrange it

@@ -92,6 +92,8 @@ bool TemplateEditor::OpenFile(const std::string& path) {
     return false;
   }
   Take(std::move(read.Template));
+  m_encoding = read.Encoding;
+  m_hasMark = read.HasMark;
   m_curFileName = file;
   m_window.SetCaption(Caption());
   SetSaved(true);
@@ -144,12 +146,17 @@ void TemplateEditor::StripDots() {
   m_general.Extension = std::move(stripped);
 }
 
+/// In the encoding that the file came with, unless the text has a character now that only UTF-8 can hold.
+std::string TemplateEditor::Encoded(const std::string& text) const {
+  return rich_text::EncodeText({text, m_encoding, m_hasMark}).value_or(text);
+}
+
 bool TemplateEditor::SaveFile(const std::string& path) {
   StripDots();
   if (!m_actions.Leave()) return false;
   std::string target = path;
   if (path.empty() && !AskForName(target)) return false;
-  const std::string error = platform::WriteFile(target, templates::WriteTemplate(Contents(), m_frame.Today()));
+  const std::string error = platform::WriteFile(target, Encoded(templates::WriteTemplate(Contents(), m_frame.Today())));
   if (!error.empty()) {
     m_frame.Prompts().Show({.Text = "Could not save " + target + "\n\n" + error, .Icon = PromptIcon::Critical});
     return false;

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "platform/TextControl.h"
+#include "rich_text/Encoding.h"
 #include "template_editor/ActionLists.h"
 #include "template_editor/ColourLists.h"
 #include "template_editor/Controls.h"
@@ -113,6 +114,7 @@ class TemplateEditor : private ListOwner {
   void Take(templates::EditorTemplate contents);
   bool AskForName(std::string& path);
   void StripDots();
+  std::string Encoded(const std::string& text) const;
   void TypeInto(TextField field, std::string text);
   void ClickColours(Button button);
   void ClickActions(Button button);
@@ -125,6 +127,8 @@ class TemplateEditor : private ListOwner {
   EditorFrame& m_frame;
   EditorWindow& m_window;
   bool m_saved = true;
+  rich_text::TextEncoding m_encoding = rich_text::TextEncoding::Utf8;
+  bool m_hasMark = false;
   std::string m_curFileName;
   templates::EditorTemplate m_general;  ///< General and About; its lists and initial text are empty
   ColourLists m_colours{*this};

@@ -95,8 +95,16 @@ EditorReadResult ReadEditorTemplateText(std::string_view text, const std::string
 
 EditorReadResult ReadEditorTemplate(const std::string& path, LoadMessages& messages) {
   platform::FileContent file = platform::ReadFile(path);
-  if (!file.Ok()) return {{}, false, std::move(file.Error)};
-  return ReadEditorTemplateText(rich_text::DecodeText(std::move(file.Bytes)).Text, path, messages);
+  EditorReadResult result;
+  if (!file.Ok()) {
+    result.Error = std::move(file.Error);
+    return result;
+  }
+  const rich_text::DecodedText decoded = rich_text::DecodeText(std::move(file.Bytes));
+  result = ReadEditorTemplateText(decoded.Text, path, messages);
+  result.Encoding = decoded.Encoding;
+  result.HasMark = decoded.HasMark;
+  return result;
 }
 
 }  // namespace templates

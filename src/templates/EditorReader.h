@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "rich_text/Encoding.h"
 #include "templates/EditorTemplate.h"
 #include "templates/LoadMessages.h"
 
@@ -14,6 +15,8 @@ struct EditorReadResult {
   EditorTemplate Template;
   bool Closed = false;  ///< the user answered Cancel: the editor is to be closed, Template is incomplete
   std::string Error;    ///< "" or why the file could not be read, a sentence
+  rich_text::TextEncoding Encoding = rich_text::TextEncoding::Utf8;
+  bool HasMark = false;  ///< the file begins with the UTF-8 mark
 };
 
 /// Reads a template. Lines that the file lacks leave empty texts and the fixed-width font; without a help line HelpFile

@@ -209,6 +209,17 @@ TEST_F(TemplateEditorTest, SynonymRowsAreWrittenThrough) {
 
 // Files.
 
+TEST_F(TemplateEditorTest, ATemplateKeepsTheEncodingOfItsFile) {
+  for (const std::string mark : {"N: caf\xE9\r\n", "\xEF\xBB\xBFN: caf\xC3\xA9\r\n", "N: caf\xC3\xA9\r\n"}) {
+    const std::string path = m_folder.Write("encoded.def", mark);
+    ASSERT_TRUE(m_editor.OpenFile(path));
+    ASSERT_TRUE(m_editor.SaveFile(path));
+    const std::string start = mark.substr(0, mark.find('N')), name = mark.substr(start.size());
+    EXPECT_TRUE(m_folder.Read("encoded.def").starts_with(start));
+    EXPECT_NE(m_folder.Read("encoded.def").find(name), std::string::npos) << mark;
+  }
+}
+
 TEST_F(TemplateEditorTest, AFileIsOpenedInPlaceOfEverything) {
   Type(TextField::ActWordName, "old");
   m_editor.Click(Button::ActAdd);

@@ -100,13 +100,13 @@ void Recovery::BeginMain() {
   m_name = RecoveryStore::NewName();
   m_length = m_control.Length();
   m_main = Begin();
-  m_store->Writer().Publish(m_main->File);
 }
 
 void Recovery::LostFile() {
   if (m_store == nullptr || m_main) return;
   m_lastChanged = Now();
   BeginMain();
+  m_store->Writer().Publish(m_main->File);
   CopySlice(*m_main);
   m_timer->SetInterval(m_main->Whole ? WatchTick : SliceTick);
 }
@@ -115,10 +115,12 @@ void Recovery::Changed(const platform::TextChange& change, bool byProgram) {
   if (m_store == nullptr || (!m_main && byProgram)) return;
   m_lastChanged = Now();
   const bool begins = !m_main;
-  if (begins)
+  if (begins) {
     BeginMain();
-  else
+    m_store->Writer().Publish(m_main->File);
+  } else {
     m_length += change.Inserted - change.Removed.size();
+  }
   const std::string inserted = m_control.TextRange(change.Start, change.Start + change.Inserted);
   for (std::optional<Stream>* stream : {&m_main, &m_next})
     if (*stream) WriteChange(**stream, change, inserted);
@@ -145,6 +147,7 @@ bool Recovery::Restored(const JournalContent& content) {
   m_lastChanged = content.LastChanged;
   BeginMain();
   while (!m_main->Whole) CopySlice(*m_main);
+  m_store->Writer().Publish(m_main->File);  // whole, as the journal that it came from is there until then
   m_store->Writer().Flush();
   m_timer->SetInterval(WatchTick);
   const RecoveryWriter::FileStatus status = m_store->Writer().Status(m_main->File);

@@ -59,7 +59,7 @@ void HandOver(const CommandLine& commandLine, platform::Prompts& prompts,
     if (file.FullPath.empty())
       prompts.Show(DoesNotExist(file.Given));
     else
-      send(std::string(FileOpenVerb) + ':' + WithPlace(file));
+      send(FileOpenCommand(WithPlace(file)));
   }
   send(std::string(BringToFrontVerb) + ':');
 }

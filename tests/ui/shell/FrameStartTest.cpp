@@ -12,6 +12,7 @@
 
 #include "aids/ui/ContextList.h"
 #include "platform/InstanceChannel.h"
+#include "shell/StartUp.h"
 #include "shell/ui/BackWin.h"
 #include "tests/support/ScriptedPrompts.h"
 #include "tests/support/TemporaryFolder.h"
@@ -197,25 +198,31 @@ TEST_F(FrameStart, ResettingAsksAndNoChangesNothing) {
 }
 
 TEST_F(FrameStart, AnotherStartHandsItsFilesOver) {
+  m_folder.Write("work/\xE4\n.py", "p\nq\n");  // a name that is neither UTF-8 nor one line
   Run({"a.py"}, [&](BackWin& frame) {
-    bool opened = false, refused = false;
+    bool refused = false;
+    int accepted = 0;
     std::atomic<bool> done = false;
     std::thread other([&] {
       const platform::InstanceChannel channel(m_folder.Path("instance"));
       using namespace std::chrono_literals;
-      opened = channel.Send("FileOpen:" + m_folder.Path("work/b.js") + ":1:3", 5s) &&
-               channel.Send("FileOpen:" + m_folder.Path("work/a.py") + ":2", 5s) && channel.Send("BringToFront:", 5s);
+      tests::ScriptedPrompts prompts;
+      shell::HandOver(shell::ParseCommandLine({"b.js:1:3", "\xE4\n.py:2:2", "a.py:2"}, m_folder.Path("work")), prompts,
+                      [&](const std::string& command) { accepted += channel.Send(command, 5s); });
       refused = !channel.Send("FileOpen:", 5s);
       done = true;
     });
-    EXPECT_TRUE(QTest::qWaitFor([&] { return frame.WindowCount() == 3; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return frame.WindowCount() == 4; }));
     EXPECT_TRUE(QTest::qWaitFor([&] { return done.load(); }));
     other.join();
-    EXPECT_TRUE(opened);
+    EXPECT_EQ(accepted, 4) << "three files, and to the front";
     EXPECT_TRUE(refused);
     EXPECT_EQ(frame.ActiveDocument()->TextArea().SelStart(), 6U);
     Trigger(frame, "tbWList2");
     EXPECT_EQ(frame.ActiveDocument()->TextArea().SelStart(), 2U);
+    Trigger(frame, "tbWList3");
+    EXPECT_EQ(frame.ActiveDocument()->CurFileName(), m_folder.Path("work/\xE4\n.py"));
+    EXPECT_EQ(frame.ActiveDocument()->TextArea().SelStart(), 3U);
   });
   EXPECT_FALSE(std::filesystem::exists(m_folder.Path("instance/socket")));
 }

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "rich_text/Encoding.h"
 #include "shell/CaretPlace.h"
 #include "shell/ExecuteString.h"
 #include "tests/support/MemoryTextControl.h"
@@ -80,12 +81,34 @@ TEST(CommandLine, OnlyTheTwoVerbsAreAccepted) {
       {"fileopen:/a", "refused"},
       {"", "refused"},
       {"Execute:/bin/sh", "refused"},
+      {"FileOpen:file:///a%20b%0a%fF.js:1:2", "open /a b\n\xFF.js:1:2"},
+      {"FileOpen:/a%20b", "open /a%20b"},
+      {"FileOpen:file://host/a", "refused"},
+      {"FileOpen:file://", "refused"},
+      {"FileOpen:file:///a%", "refused"},
+      {"FileOpen:file:///a%2", "refused"},
+      {"FileOpen:file:///a%g0", "refused"},
+      {"FileOpen:file:///a%00b", "refused"},
   };
   for (const auto& [command, expected] : cases) {
     std::string done;
     const bool accepted =
         ExecuteCommand(command, {[&](const std::string& path) { done = "open " + path; }, [&] { done = "front"; }});
     EXPECT_EQ(accepted ? done : done + "refused", expected) << command;
+  }
+}
+
+TEST(CommandLine, EveryPathHasACommandOfOneLine) {
+  std::string all = "/";
+  for (int byte = 1; byte < 256; ++byte) all += static_cast<char>(byte);
+  for (const std::string& path :
+       {all, std::string("/a b%20\xC3\xA4.js:2"), std::string("/a\n"), std::string("/\xE4:3:4")}) {
+    const std::string command = FileOpenCommand(path);
+    EXPECT_TRUE(rich_text::IsValidUtf8(command)) << command;
+    EXPECT_EQ(command.find('\n'), std::string::npos) << command;
+    std::string opened;
+    EXPECT_TRUE(ExecuteCommand(command, {[&](const std::string& argument) { opened = argument; }, [] {}})) << command;
+    EXPECT_EQ(opened, path);
   }
 }
 

@@ -33,6 +33,21 @@ class ScriptedPrompts : public platform::Prompts {
   void ExpectBoxWith(std::vector<std::string> parts, platform::PromptAnswer answer = platform::PromptAnswer::Ok) {
     m_steps.push_back(BoxStep{{}, answer, std::move(parts)});
   }
+  /// Expects a question next, with the title and the icon of one.
+  void ExpectQuestion(std::string text, platform::PromptButtons buttons, platform::PromptAnswer byDefault,
+                      platform::PromptAnswer answer) {
+    Expect({std::move(text), "Quillmark", buttons, platform::PromptIcon::Question, byDefault}, answer);
+  }
+  /// Expects the question of a window that is to close with changes.
+  void ExpectClosing(const std::string& name, platform::PromptAnswer answer) {
+    ExpectQuestion("Save changes to " + name + " before closing?", platform::PromptButtons::YesNoCancel,
+                   platform::PromptAnswer::Cancel, answer);
+  }
+  /// Expects the offer to make a chosen template the one of an extension.
+  void ExpectAssociating(const std::string& extension, platform::PromptAnswer answer) {
+    ExpectQuestion("Would you like to use this template for all ." + extension + " files?",
+                   platform::PromptButtons::YesNo, platform::PromptAnswer::Yes, answer);
+  }
   void ExpectAnyBox() { ExpectBoxWith({""}); }
 
   /// Expects a file chooser with this title next, and answers with a path, "" for Cancel.

@@ -10,7 +10,6 @@
 //   save PATH          "saved" or "failed"
 //   answers YN…        what the next questions are answered; without more of them a box is closed
 //   loop PATH A B      saves the texts of A and B by turns until killed; "begin" and "end" around each save
-//   roundtrip N SEED PATH   opens and saves N random files, "roundtrip N DIFFERENT"
 //
 // A question gives "asked TEXT" with its line ends as blanks. The calls of a save stand between two looks at files that
 // do not exist, which a trace of the system calls shows.
@@ -19,19 +18,12 @@
 
 #include <algorithm>
 #include <iostream>
-#include <random>
 #include <sstream>
 
 #include "editor/Document.h"
 #include "platform/Files.h"
 #include "tests/support/FakeFrame.h"
-#ifdef QUILLMARK_WITH_QT
-#include <QApplication>
-
-#include "platform/qt/RichTextBox.h"
-#else
 #include "tests/support/MemoryTextControl.h"
-#endif
 
 namespace {
 
@@ -60,35 +52,6 @@ class DriverFrame : public tests::FakeFrame {
   platform::Prompts& Prompts() override { return Told; }
 };
 
-/// Random bytes with what is hard about them: marks, NULs, broken characters, every kind of line end.
-std::string RandomFile(std::mt19937_64& random) {
-  static const std::vector<std::string> lively = {"\r\n",
-                                                  "\n",
-                                                  "\r",
-                                                  std::string(1, '\0'),
-                                                  "\xEF\xBB\xBF",
-                                                  "\xC3\xA9",
-                                                  "\xE2\x82\xAC",
-                                                  "\xF0\x9F\x98\x80",
-                                                  "\xC3",
-                                                  "\xE2\x82",
-                                                  "\x80",
-                                                  "\xFF",
-                                                  "\xED\xA0\x80",
-                                                  "\xC0\x80",
-                                                  "\x1A",
-                                                  "\\par ",
-                                                  "{",
-                                                  "}",
-                                                  "text",
-                                                  "\t"};
-  std::string bytes = random() % 8 == 0 ? "\xEF\xBB\xBF" : "";
-  const bool isAnyByte = random() % 3 == 0;
-  for (std::size_t count = random() % 48; count > 0; --count)
-    bytes += isAnyByte ? std::string(1, static_cast<char>(random())) : lively[random() % lively.size()];
-  return bytes;
-}
-
 class Driver {
  public:
   explicit Driver(platform::TextControl& control) : m_control(control), m_document(control, m_frame, m_window) {}
@@ -108,7 +71,6 @@ class Driver {
     std::string first, second;
     words >> first >> second;
     if (verb == "loop") return Loop(path, first, second);
-    if (verb == "roundtrip") return RoundTrip(std::stoul(path), std::stoul(first), second);
     return false;
   }
 
@@ -144,26 +106,16 @@ class Driver {
       }
   }
 
-  bool RoundTrip(std::size_t count, std::uint64_t seed, const std::string& path) {
-    std::mt19937_64 random(seed);
-    std::size_t different = 0;
-    for (std::size_t i = 0; i < count; ++i) {
-      const std::string bytes = RandomFile(random);
-      platform::WriteFile(path, bytes);
-      m_document.OpenFile(path);
-      if (m_document.SaveFile(path) && platform::ReadFile(path).Bytes == bytes) continue;
-      if (++different <= 5) std::cout << "different: file " << i << " of seed " << seed << std::endl;
-    }
-    return Say("roundtrip " + std::to_string(count) + ' ' + std::to_string(different));
-  }
-
   DriverFrame m_frame;
   tests::FakeWindow m_window;
   platform::TextControl& m_control;
   editor::Document m_document;
 };
 
-int PlayInput(platform::TextControl& control) {
+}  // namespace
+
+int main() {
+  tests::MemoryTextControl control;
   Driver driver(control);
   for (std::string line; std::getline(std::cin, line);)
     if (!driver.Play(line)) {
@@ -172,18 +124,3 @@ int PlayInput(platform::TextControl& control) {
     }
   return 0;
 }
-
-}  // namespace
-
-#ifdef QUILLMARK_WITH_QT
-int main(int argc, char** argv) {
-  const QApplication application(argc, argv);
-  platform::qt::RichTextBox control;
-  return PlayInput(control);
-}
-#else
-int main() {
-  tests::MemoryTextControl control;
-  return PlayInput(control);
-}
-#endif

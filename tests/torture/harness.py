@@ -24,7 +24,6 @@ class Run:
 
     def __init__(self, bin_folder, short, seed):
         self.driver = str(bin_folder / "save_driver")
-        self.driver_qt = str(bin_folder / "save_driver_qt")
         self.quillmark = str(bin_folder / "quillmark")
         self.short, self.seed = short, seed
         self.random = random.Random(seed)
@@ -59,16 +58,16 @@ class Run:
         made.mkdir()
         return made
 
-    def play(self, lines, prefix=(), driver=None, timeout=60):
+    def play(self, lines, prefix=(), timeout=60):
         """Plays the lines to the driver and waits for its end."""
-        done = subprocess.run([*prefix, driver or self.driver], input="".join(f"{line}\n" for line in lines).encode(),
+        done = subprocess.run([*prefix, self.driver], input="".join(f"{line}\n" for line in lines).encode(),
                               capture_output=True, timeout=timeout, check=False)
         return Result(done.returncode, done.stdout.decode(errors="replace").splitlines(), done.stderr.decode())
 
-    def save(self, path, text, prefix=(), answers="", driver=None):
+    def save(self, path, text, prefix=(), answers=""):
         """Opens `path`, replaces its text by that of `text`, and saves."""
         lines = [f"open {path}", f"text {text}"] + ([f"answers {answers}"] if answers else []) + [f"save {path}"]
-        return self.play(lines, prefix, driver)
+        return self.play(lines, prefix)
 
     def need_trace(self):
         """Skips where system calls cannot be interfered with."""

@@ -21,22 +21,7 @@ import window
 from harness import Run, Skip
 
 
-def roundtrip(run):
-    """Random files, opened and saved without an edit, are the same files."""
-    counts = [("a text control in memory", run.driver, 2_000 if run.short else 100_000)]
-    if pathlib.Path(run.driver_qt).exists():
-        counts.append(("the real text control", run.driver_qt, 1_000 if run.short else 100_000))
-    for name, driver, count in counts:
-        folder = pathlib.Path("/dev/shm") if pathlib.Path("/dev/shm").is_dir() else run.root
-        path = folder / f"{run.root.name}.bytes"
-        result = run.play([f"roundtrip {count} {run.seed} {path}"], driver=driver, timeout=3600)
-        path.unlink(missing_ok=True)
-        run.check(f"roundtrip {count} 0" in result.lines, f"{result.lines[-6:]} {result.errors[-500:]}")
-        run.say(f"opened and saved, {name}: {count} random files, "
-                f"{result.lines[-1].split()[-1] if result.lines else '?'} differ")
-
-
-KINDS = {"roundtrip": roundtrip, "kills": kills.kills, "faults": faults.faults, "full": faults.full, "keeps": keeps.keeps,
+KINDS = {"kills": kills.kills, "faults": faults.faults, "full": faults.full, "keeps": keeps.keeps,
          "others": others.others, "window": window.window}
 
 

@@ -9,9 +9,8 @@
 #include <functional>
 
 #include "editor/ui/Mainwin.h"
-#include "rich_text/Rtf.h"
 #include "tests/support/FakeFrame.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/support/UntouchedFiles.h"
 
 namespace {
 
@@ -36,17 +35,9 @@ class ColouringOrder : public testing::Test {
     m_window.OpenFile(m_folder.Write("t.txt", text));
   }
 
-  /// One sign a byte: "c" with a colour, "." without, "|" for a line end.
   std::string Picture(std::size_t from = 0, std::size_t length = std::string::npos) const {
-    const std::string text = m_box.Text();
-    std::string picture(text.size(), '.');
-    for (const auto& run : rich_text::ReadRtf(m_box.TextRTF()).Runs)
-      picture.replace(run.Start, run.End - run.Start, run.End - run.Start, 'c');
-    for (std::size_t i = 0; i < text.size(); ++i)
-      if (text[i] == '\n') picture[i] = '|';
-    return picture.substr(from, length);
+    return tests::ColourPicture(m_box).substr(from, length);
   }
-
   void Type(const char* text) { QTest::keyClicks(m_box.viewport(), QString::fromLatin1(text)); }
   void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     QTest::keyClick(m_box.viewport(), key, modifiers);
@@ -187,6 +178,10 @@ TEST_F(ColouringOrder, OverwriteModeKeepsColumnAndDragsFromTheClick) {
   EXPECT_EQ(m_box.Text(), "aXYZ!\nab\nabcdef\n");
   m_window.Undo();
   EXPECT_EQ(m_box.Text(), "abcdef\nab\nabcdef\n");
+}
+
+TEST_F(ColouringOrder, AnyFileSavedUntouchedIsTheSameFile) {
+  tests::ExpectUntouchedFilesStay(m_window.Core(), m_folder, 1000);
 }
 
 }  // namespace

@@ -2,16 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include "editor/Document.h"
 #include "editor/rtfscan/Scanners.h"
-#include "tests/laws/Dice.h"
-#include "tests/support/FakeFrame.h"
-#include "tests/support/MemoryTextControl.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/support/Characters.h"
+#include "tests/support/DocumentFixture.h"
+#include "tests/support/UntouchedFiles.h"
 
 namespace {
 
-using namespace std::string_literals;
 using platform::PromptAnswer;
 using platform::PromptButtons;
 using platform::PromptIcon;
@@ -20,56 +17,10 @@ platform::MessageBox Critical(const std::string& text) {
   return {text, "Quillmark", PromptButtons::Ok, PromptIcon::Critical, PromptAnswer::Ok};
 }
 
-class DocumentFileTest : public testing::Test {
- protected:
-  const editor::DocumentState& State() const { return m_document.State(); }
-  std::string Open(const std::string& bytes) {
-    const std::string path = m_folder.Write("file.txt", bytes);
-    m_document.OpenFile(path);
-    return path;
-  }
-  void Append(const std::string& text) {
-    m_control.SetSelStart(m_control.Length());
-    m_control.SetSelText(text);
-  }
-
-  tests::TemporaryFolder m_folder;
-  tests::MemoryTextControl m_control;
-  tests::FakeFrame m_frame;
-  tests::FakeWindow m_window;
-  editor::Document m_document{m_control, m_frame, m_window};
-};
+using DocumentFileTest = tests::DocumentFixture;
 
 TEST_F(DocumentFileTest, AnyFileSavedUntouchedIsTheSameFile) {
-  std::vector<std::string> files = {"",
-                                    "\r\n",
-                                    "one\r\ntwo\r\n",
-                                    "one\ntwo\n",
-                                    "one\rtwo\r",
-                                    "a\r\nb\nc\rd",
-                                    "a\n\r\n\r\r\n",
-                                    "no end",
-                                    "caf\xE9 \x80\x81\r\n",
-                                    "café Ω 😀\n",
-                                    "\xEF\xBB\xBFmark\r\n",
-                                    "\xEF\xBB\xBF",
-                                    "\xEF\xBB\xBF\xE9",
-                                    "nul\0in\0\n"s,
-                                    "\0"s,
-                                    "broken \xC3\n\xE2\x82",
-                                    "\x1A\x7F\t\\{}"};
-  laws::Dice dice(7);
-  const std::string lively = "ab \r\n\r\n\0\t\\\x80\xC3\xA9\xE2\x82\xAC\xEF\xBB\xBF\xF0\xFF"s;
-  for (int count = 0; count < 2000; ++count) {
-    files.emplace_back();
-    for (std::size_t size = dice.Below(40); size > 0; --size) files.back() += dice.Pick(lively);
-  }
-  for (const std::string& bytes : files) {
-    const std::string path = Open(bytes);
-    EXPECT_TRUE(State().Saved);
-    EXPECT_TRUE(m_document.SaveFile(path));
-    ASSERT_EQ(m_folder.Read("file.txt"), bytes);
-  }
+  tests::ExpectUntouchedFilesStay(m_document, m_folder, 4000);
 }
 
 TEST_F(DocumentFileTest, OpeningShowsTheFile) {
@@ -123,16 +74,18 @@ TEST_F(DocumentFileTest, SavingUnderANewName) {
 TEST_F(DocumentFileTest, ACharacterThatTheEncodingCannotHoldIsAskedAbout) {
   const std::string path = Open("caf\xE9\n");
   Append("Ω");
-  const platform::MessageBox question = {
-      "\"" + path +
-          "\" is encoded in Windows-1252, which cannot hold every character that the text has now.  "
-          "Save it in UTF-8 instead?",
-      "Quillmark", PromptButtons::YesNo, PromptIcon::Question, PromptAnswer::No};
-  m_frame.Questions.Expect(question, PromptAnswer::No);
+  const auto expect = [&](PromptAnswer answer) {
+    m_frame.Questions.ExpectQuestion(
+        '"' + path +
+            "\" is encoded in Windows-1252, which cannot hold every character that the text has now.  Save it in UTF-8 "
+            "instead?",
+        PromptButtons::YesNo, PromptAnswer::No, answer);
+  };
+  expect(PromptAnswer::No);
   EXPECT_FALSE(m_document.SaveFile(path));
   EXPECT_EQ(m_folder.Read("file.txt"), "caf\xE9\n");
   EXPECT_FALSE(State().Saved);
-  m_frame.Questions.Expect(question, PromptAnswer::Yes);
+  expect(PromptAnswer::Yes);
   EXPECT_TRUE(m_document.SaveFile(path));
   EXPECT_EQ(m_folder.Read("file.txt"), "café\nΩ");
   Append("!");
@@ -163,22 +116,22 @@ TEST_F(DocumentFileTest, ClosingAsksForChangedSynonymsAfterTheText) {
   const std::string path = Open("x");
   m_document.State().SSaved = false;
   m_document.State().CurSFileName = "/words.syn";
-  platform::MessageBox synonyms = {"Save changes to Synonyms for file.txt?", "Quillmark", PromptButtons::YesNoCancel,
-                                   PromptIcon::Question, PromptAnswer::Cancel};
-  m_frame.Questions.Expect(synonyms, PromptAnswer::Cancel);
+  const auto expectSynonyms = [&](PromptAnswer answer) {
+    m_frame.Questions.ExpectQuestion("Save changes to Synonyms for file.txt?", PromptButtons::YesNoCancel,
+                                     PromptAnswer::Cancel, answer);
+  };
+  expectSynonyms(PromptAnswer::Cancel);
   EXPECT_FALSE(m_document.MayClose());
-  m_frame.Questions.Expect(synonyms, PromptAnswer::No);
+  expectSynonyms(PromptAnswer::No);
   EXPECT_TRUE(m_document.MayClose());
   EXPECT_TRUE(m_window.SynonymFiles.empty());
   m_window.SavesSynonyms = false;
-  m_frame.Questions.Expect(synonyms, PromptAnswer::Yes);
+  expectSynonyms(PromptAnswer::Yes);
   EXPECT_FALSE(m_document.MayClose()) << "nothing was written";
   Append("y");
-  platform::MessageBox text = synonyms;
-  text.Text = "Save changes to file.txt before closing?";
-  m_frame.Questions.Expect(text, PromptAnswer::No);
+  m_frame.Questions.ExpectClosing("file.txt", PromptAnswer::No);
   m_window.SavesSynonyms = true;
-  m_frame.Questions.Expect(synonyms, PromptAnswer::Yes);
+  expectSynonyms(PromptAnswer::Yes);
   EXPECT_TRUE(m_document.MayClose());
   EXPECT_TRUE(m_document.SaveFile(path)) << "and saving the text saves them too";
   EXPECT_EQ(m_window.SynonymFiles, (std::vector<std::string>{"/words.syn", "/words.syn", "/words.syn"}));
@@ -187,16 +140,14 @@ TEST_F(DocumentFileTest, ClosingAsksForChangedSynonymsAfterTheText) {
 TEST_F(DocumentFileTest, Closing) {
   const std::string path = Open("x");
   EXPECT_TRUE(m_document.MayClose()) << "an unchanged document asks nothing";
-  const platform::MessageBox question = {"Save changes to file.txt before closing?", "Quillmark",
-                                         PromptButtons::YesNoCancel, PromptIcon::Question, PromptAnswer::Cancel};
   Append("y");
-  m_frame.Questions.Expect(question, PromptAnswer::Cancel);
+  m_frame.Questions.ExpectClosing("file.txt", PromptAnswer::Cancel);
   EXPECT_FALSE(m_document.MayClose());
   EXPECT_EQ(m_window.Fronted, 1);
-  m_frame.Questions.Expect(question, PromptAnswer::No);
+  m_frame.Questions.ExpectClosing("file.txt", PromptAnswer::No);
   EXPECT_TRUE(m_document.MayClose());
   EXPECT_EQ(m_folder.Read("file.txt"), "x");
-  m_frame.Questions.Expect(question, PromptAnswer::Yes);
+  m_frame.Questions.ExpectClosing("file.txt", PromptAnswer::Yes);
   EXPECT_TRUE(m_document.MayClose());
   EXPECT_EQ(m_folder.Read("file.txt"), "xy");
   EXPECT_TRUE(m_document.MayClose());
@@ -205,9 +156,7 @@ TEST_F(DocumentFileTest, Closing) {
   tests::FakeWindow window;
   editor::Document untitled(control, m_frame, window);
   control.SetSelText("new");
-  platform::MessageBox about = question;
-  about.Text = "Save changes to Untitled before closing?";
-  m_frame.Questions.Expect(about, PromptAnswer::Yes);
+  m_frame.Questions.ExpectClosing("Untitled", PromptAnswer::Yes);
   m_frame.Questions.ExpectSaveFile("Save Script", "");
   EXPECT_FALSE(untitled.MayClose()) << "a cancelled chooser must not lose the text";
 }
@@ -217,15 +166,10 @@ TEST_F(DocumentFileTest, StatusTextsFollowCaretAndSelection) {
   auto& panels = m_frame.Bar.Panels;
   m_control.SetSelStart(8);
   EXPECT_EQ(panels["CoOrds"], "(Line 2, Col 3)") << "characters, not bytes";
-  m_control.SetSelLength(2);
-  EXPECT_EQ(panels["CoOrds"], "Selected: 1 line");
-  m_control.SetSelLength(9);
-  EXPECT_EQ(panels["CoOrds"], "Selected: 2 lines");
-  for (std::size_t start = 0; start < 5; ++start)
-    for (std::size_t end = start + 1; end < 6; ++end) {
-      if (start == 4 || end == 4) continue;  // between CR and LF
-      m_control.SetSelStart(start);
-      m_control.SetSelLength(end - start);
+  for (std::size_t start = 0; start <= m_control.Length(); ++start)
+    for (std::size_t end = start + 1; end <= m_control.Length(); ++end) {
+      if (tests::IsInside(m_control.Text(), start) || tests::IsInside(m_control.Text(), end)) continue;
+      Select(start, end - start);
       const std::size_t lines = editor::rtfscan::NumberOfLinesIn(m_control.SelRTF());
       EXPECT_EQ(panels["CoOrds"], "Selected: " + std::to_string(lines) + (lines == 1 ? " line" : " lines"));
     }
@@ -235,8 +179,7 @@ TEST_F(DocumentFileTest, StatusTextsFollowCaretAndSelection) {
   EXPECT_EQ(panels["CoOrds"], "(Line 4, Col 3)");
   EXPECT_EQ(panels["DocSize"], "4 Lines");
   EXPECT_FALSE(State().Saved);
-  m_control.SetSelStart(0);
-  m_control.SetSelLength(m_control.Length());
+  Select(0, m_control.Length());
   m_control.Press(46);
   EXPECT_EQ(panels["DocSize"], "1 Line");
 }

@@ -6,17 +6,15 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
-#include <QTest>
-#include <QTimer>
 #include <QTreeWidget>
 
+#include "tests/ui/Widgets.h"
 #include "tests/ui/aids/PopupFixture.h"
 
+namespace tests {
 namespace {
 
-using platform::PromptAnswer;
-
-class AidDialogs : public tests::PopupFixture {
+class AidDialogs : public PopupFixture {
  protected:
   void Trigger(const char* tool) {
     QAction* action = m_frame.findChild<QAction*>(QString::fromLatin1(tool));
@@ -28,73 +26,39 @@ class AidDialogs : public tests::PopupFixture {
   template <typename Using>
   void TriggerModal(const char* tool, const char* form, Using use) {
     bool used = false;
-    QTimer waiting;
-    QObject::connect(&waiting, &QTimer::timeout, [&] {
-      auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-      if (!dialog) return;
-      waiting.stop();
+    InModalWindow<QDialog>([&used, form, use](QDialog& dialog) {
       used = true;
-      EXPECT_EQ(dialog->objectName().toStdString(), form);
-      Activate(*dialog);
-      use(*dialog);
-      if (dialog->isVisible()) dialog->reject();
+      EXPECT_EQ(dialog.objectName().toStdString(), form);
+      use(dialog);
+      if (dialog.isVisible()) dialog.reject();
     });
-    waiting.start(5);
     Trigger(tool);
     EXPECT_TRUE(used) << tool;
     Activate(m_frame);
   }
-  /// There is no window manager to do so.
-  static void Activate(QWidget& window) {
-    window.activateWindow();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &window; }));
-  }
-  template <typename Widget>
-  static Widget& In(QWidget& window, const char* name) {
-    auto* widget = window.findChild<Widget*>(QString::fromLatin1(name));
-    EXPECT_NE(widget, nullptr) << name;
-    return *widget;
-  }
-  std::string SelectedText() { return Text().TextRange(Text().SelStart(), Text().SelStart() + Text().SelLength()); }
   const templates::TemplateFields& Template() { return m_frame.ActiveDocument()->Core().State().Template; }
 };
 
-TEST_F(AidDialogs, FindAndReplaceByKeys) {
+TEST_F(AidDialogs, FindAndReplaceByKeysForEachDocument) {
   Open("a.js", "foo bar\nFoo\nfoo\n");
   Trigger("miFind");
-  QDialog& dialog = In<QDialog>(m_frame, "FindReplace");
+  QDialog& dialog = Child<QDialog>(m_frame, "FindReplace");
   Activate(dialog);
-  EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Find"));
-  EXPECT_FALSE(In<QLineEdit>(dialog, "ReplaceWord").isVisible());
-  QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("foo"));
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-  EXPECT_EQ(SelectedText(), "foo");
-  EXPECT_EQ(Text().SelStart(), 0U);
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-  EXPECT_EQ(SelectedText(), "Foo") << "the case does not count";
-
+  EXPECT_FALSE(Child<QLineEdit>(dialog, "ReplaceWord").isVisible());
+  Play("foo<Return>");
+  EXPECT_EQ(Text().SelText(), "foo");
   QTest::keyClick(&dialog, Qt::Key_R, Qt::AltModifier);  // &Replace...
   // A button that is reached by its key shows for a moment that it is pressed.
   EXPECT_TRUE(QTest::qWaitFor([&] { return dialog.windowTitle() == QStringLiteral("Replace"); }));
-  QPushButton& replace = In<QPushButton>(dialog, "ReplaceB");
-  EXPECT_FALSE(replace.isEnabled());
   QTest::keyClick(&dialog, Qt::Key_W, Qt::AltModifier);  // Replace &With:
-  EXPECT_EQ(QApplication::focusWidget(), &In<QLineEdit>(dialog, "ReplaceWord"));
-  QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("foofoo"));
-  QTest::mouseClick(&In<QPushButton>(dialog, "Find"), Qt::LeftButton);
-  EXPECT_TRUE(replace.isEnabled() && replace.isDefault());
-  EXPECT_EQ(Text().SelStart(), 12U);
-  m_prompts.Expect({.Text = "Replace Complete.  3 replacements were made.",
-                    .Title = "Replace",
-                    .Icon = platform::PromptIcon::Information});
-  QTest::mouseClick(&In<QPushButton>(dialog, "ReplaceAll"), Qt::LeftButton);
-  EXPECT_EQ(Text().Text(), "foofoo bar\nfoofoo\nfoofoo\n");
-  Trigger("miUndo");
-  EXPECT_EQ(Text().Text(), "foo bar\nFoo\nfoo\n") << "in one step";
-
+  EXPECT_EQ(QApplication::focusWidget(), &Child<QLineEdit>(dialog, "ReplaceWord"));
+  EXPECT_FALSE(Child<QPushButton>(dialog, "ReplaceB").isEnabled());
+  Click(dialog, "Find");
+  EXPECT_TRUE(Child<QPushButton>(dialog, "ReplaceB").isDefault());
+  EXPECT_EQ(Text().SelText(), "Foo") << "the case does not count";
   Open("b.js", "other\n");
   Trigger("miFind");
-  EXPECT_EQ(In<QLineEdit>(dialog, "FindWord").text(), QString()) << "each document remembers its own search";
+  EXPECT_EQ(Child<QLineEdit>(dialog, "FindWord").text(), QString()) << "each document remembers its own search";
   m_frame.ActiveDocument()->parentWidget()->close();
   EXPECT_TRUE(QTest::qWaitFor([&] { return !dialog.isVisible(); })) << "the dialog goes with its document";
 }
@@ -105,7 +69,7 @@ TEST_F(AidDialogs, SynonymsAreAddedEditedAndTaken) {
     auto& list = *dialog.findChild<QListWidget*>();
     ASSERT_GT(list.count(), 3);
     list.setCurrentItem(list.findItems(QStringLiteral("document"), Qt::MatchExactly).at(0));
-    QTest::mouseClick(&In<QPushButton>(dialog, "btnOK"), Qt::LeftButton);
+    Click(dialog, "btnOK");
   });
   EXPECT_EQ(Template().Synonyms.Item("sheet")->Synonym, "document");
   Text().SetSelStart(Text().Length());
@@ -114,21 +78,21 @@ TEST_F(AidDialogs, SynonymsAreAddedEditedAndTaken) {
   Type(QStringLiteral("<Esc>"));
 
   TriggerModal("miEditSynonyms", "frmSynonyms", [](QDialog& dialog) {
-    auto& rows = In<QTreeWidget>(dialog, "lstAss");
+    auto& rows = Child<QTreeWidget>(dialog, "lstAss");
     const int before = rows.topLevelItemCount();
     QTest::keyClick(&dialog, Qt::Key_N, Qt::AltModifier);
     ASSERT_TRUE(QTest::qWaitFor([&] { return rows.topLevelItemCount() == before + 1; }));
     EXPECT_EQ(rows.currentItem()->text(0), QStringLiteral("new"));
     EXPECT_EQ(rows.currentItem()->text(1), QStringLiteral("(click to select, then edit below)"));
-    auto& word = In<QLineEdit>(dialog, "txtExt");
+    auto& word = Child<QLineEdit>(dialog, "txtExt");
     EXPECT_TRUE(QTest::qWaitFor([&] { return word.hasSelectedText(); }));
     QTest::keyClicks(&word, QStringLiteral("page"));
-    auto& names = In<QListWidget>(dialog, "SynList");
+    auto& names = Child<QListWidget>(dialog, "SynList");
     names.setFocus();
     names.setCurrentItem(names.findItems(QStringLiteral("document"), Qt::MatchExactly).at(0));
     QTest::keyClick(&names, Qt::Key_Return);
     EXPECT_EQ(rows.currentItem()->text(0) + rows.currentItem()->text(1), QStringLiteral("pagedocument"));
-    QTest::mouseClick(&In<QPushButton>(dialog, "btnClose"), Qt::LeftButton);
+    Click(dialog, "btnClose");
   });
   EXPECT_EQ(Template().Synonyms.Item("page")->Synonym, "document");
 
@@ -137,8 +101,8 @@ TEST_F(AidDialogs, SynonymsAreAddedEditedAndTaken) {
   Trigger("miSaveSynonyms");
   EXPECT_NE(m_folder.Read("kept.syn").find("\"page\",\"document\"\r\n"), std::string::npos);
   TriggerModal("miEditSynonyms", "frmSynonyms", [](QDialog& dialog) {
-    QTest::mouseClick(&In<QPushButton>(dialog, "btnDelete"), Qt::LeftButton);
-    QTest::mouseClick(&In<QPushButton>(dialog, "btnCancel"), Qt::LeftButton);
+    Click(dialog, "btnDelete");
+    Click(dialog, "btnCancel");
   });
   m_prompts.ExpectOpenFile("Load Synonyms", file);
   Trigger("miLoadSynonyms");
@@ -155,7 +119,7 @@ TEST_F(AidDialogs, SeveralHelpEntriesOfAWordAreChosenFrom) {
     ASSERT_EQ(list.count(), 2);
     EXPECT_EQ(list.item(1)->text(), QStringLiteral("Second"));
     m_prompts.ExpectBoxWith({"\"there/is/no/such\" could not be executed."});
-    QTest::mouseClick(&In<QPushButton>(dialog, "OKbutton"), Qt::LeftButton);
+    Click(dialog, "OKbutton");
   });
   Text().SetSelStart(0);
   fields.HelpWords.Clear();
@@ -164,3 +128,4 @@ TEST_F(AidDialogs, SeveralHelpEntriesOfAWordAreChosenFrom) {
 }
 
 }  // namespace
+}  // namespace tests

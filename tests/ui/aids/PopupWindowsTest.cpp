@@ -157,11 +157,7 @@ TEST_F(PopupWindows, OneListForAllDocuments) {
   Type(QStringLiteral("document."));
   EXPECT_TRUE(List().isVisible());
   EXPECT_EQ(m_frame.findChildren<aids::ui::ContextList*>().size(), 1);
-  m_prompts.Expect({.Text = "Save changes to b.js before closing?",
-                    .Buttons = platform::PromptButtons::YesNoCancel,
-                    .Icon = platform::PromptIcon::Question,
-                    .Default = platform::PromptAnswer::Cancel},
-                   platform::PromptAnswer::Cancel);
+  m_prompts.ExpectClosing("b.js", platform::PromptAnswer::Cancel);
   m_frame.ActiveDocument()->parentWidget()->close();
   EXPECT_FALSE(List().isVisible());
 }

@@ -3,18 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
-#include <QApplication>
 #include <QDialog>
 #include <QLabel>
-#include <QMessageBox>
-#include <QTest>
-#include <QTimer>
 
 #include "platform/qt/HelpWindow.h"
 #include "platform/qt/QtPrompts.h"
 #include "shell/ui/BackWin.h"
 #include "tests/support/ScriptedPrompts.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/ui/Widgets.h"
 
 namespace {
 
@@ -23,11 +20,7 @@ using platform::qt::HelpWindow;
 
 class HelpKeyTest : public testing::Test {
  protected:
-  HelpKeyTest() {
-    m_frame.show();
-    m_frame.activateWindow();
-    EXPECT_TRUE(ComesToFront(&m_frame));
-  }
+  HelpKeyTest() { tests::Activate(m_frame); }
 
   QAction* Tool(const char* name) const { return m_frame.findChild<QAction*>(QLatin1String(name)); }
 
@@ -42,31 +35,23 @@ class HelpKeyTest : public testing::Test {
     return help && help->isVisible() ? HelpCollection::PageOf(help->Page().source()) : "";
   }
 
-  static bool ComesToFront(const QWidget* window) {
-    return QTest::qWaitFor([&] { return QApplication::activeWindow() == window; });
-  }
-
-  /// Presses F1 in the dialog that comes up, and closes both windows. Gives the dialog's name and the page.
-  static void PressInDialog(std::string& seen) {
-    QWidget* dialog = QApplication::activeModalWidget();
-    if (!dialog) return QTimer::singleShot(0, [&seen] { PressInDialog(seen); });
-    EXPECT_TRUE(ComesToFront(dialog));
-    QWidget* focus = dialog->focusWidget() ? dialog->focusWidget() : dialog;
-    QTest::keyClick(focus, Qt::Key_F1);
-    seen = dialog->objectName().toStdString() + ": " + Page();
-    if (HelpWindow* help = Help(); help && help->isVisible()) {
-      EXPECT_TRUE(ComesToFront(help));
-      QTest::keyClick(help, Qt::Key_Home, Qt::AltModifier);
-      seen += HelpCollection::PageOf(help->Page().source()) == "index.html" ? "" : ", which is blocked";
-      help->close();
-    }
-    dialog->close();
-  }
-
-  std::string PageOfDialog(const char* tool) {
+  /// Presses F1 in the modal window that `show` brings up, and closes both windows. Gives the window's name and the
+  /// page.
+  template <typename Showing>
+  static std::string PageOfDialog(Showing show) {
     std::string seen;
-    QTimer::singleShot(0, [&seen] { PressInDialog(seen); });
-    Tool(tool)->trigger();
+    tests::InModalWindow([&seen](QWidget& dialog) {
+      QTest::keyClick(dialog.focusWidget() ? dialog.focusWidget() : &dialog, Qt::Key_F1);
+      seen = dialog.objectName().toStdString() + ": " + Page();
+      if (HelpWindow* help = Help(); help && help->isVisible()) {
+        tests::Activate(*help);
+        QTest::keyClick(help, Qt::Key_Home, Qt::AltModifier);
+        seen += HelpCollection::PageOf(help->Page().source()) == "index.html" ? "" : ", which is blocked";
+        help->close();
+      }
+      dialog.close();
+    });
+    show();
     return seen;
   }
 
@@ -85,13 +70,10 @@ TEST_F(HelpKeyTest, F1OpensThePageOfTheDialogWhichStaysUsable) {
       {"miAddSynonym", "frmSynonymSelect: select-synonym.html"},
       {"miHAbout", "AboutBox: about.html"},
   };
-  for (const auto& [tool, seen] : cases) EXPECT_EQ(PageOfDialog(tool), seen);
+  for (const auto& [tool, seen] : cases) EXPECT_EQ(PageOfDialog([&] { Tool(tool)->trigger(); }), seen);
   Tool("miFind")->trigger();
-  QWidget* find = nullptr;
-  for (QWidget* window : QApplication::topLevelWidgets())
-    if (window->objectName() == QLatin1String("FindReplace")) find = window;
-  ASSERT_NE(find, nullptr);
-  QTest::keyClick(find->focusWidget() ? find->focusWidget() : find, Qt::Key_F1);
+  auto& find = tests::Child<QDialog>(m_frame, "FindReplace");
+  QTest::keyClick(find.focusWidget() ? find.focusWidget() : &find, Qt::Key_F1);
   EXPECT_EQ(Page(), "find-replace.html");
   QTest::keyClick(Help(), Qt::Key_F1);
   EXPECT_EQ(Page(), "help-window.html");
@@ -107,12 +89,8 @@ TEST_F(HelpKeyTest, F1InTheFrameIsTheCommandAndInAMessageThePageOfItsWindow) {
   EXPECT_EQ(Page(), "");
 
   platform::qt::QtPrompts prompts;
-  m_frame.activateWindow();
-  EXPECT_TRUE(ComesToFront(&m_frame));
-  std::string seen;
-  QTimer::singleShot(0, [&seen] { PressInDialog(seen); });
-  prompts.Show({.Text = "A message"});
-  EXPECT_EQ(seen, ": frame.html");
+  tests::Activate(m_frame);
+  EXPECT_EQ(PageOfDialog([&] { prompts.Show({.Text = "A message"}); }), ": frame.html");
 }
 
 TEST_F(HelpKeyTest, TheHelpMenuOpensContentsAndKeywords) {
@@ -129,11 +107,10 @@ TEST_F(HelpKeyTest, TheHelpMenuOpensContentsAndKeywords) {
 
 TEST_F(HelpKeyTest, TheAboutBoxTellsVersionsAndShowsTheLicence) {
   std::string texts;
-  QTimer::singleShot(0, [&] {
-    QWidget* box = QApplication::activeModalWidget();
-    for (const QLabel* label : box->findChildren<QLabel*>()) texts += label->text().toStdString() + '\n';
-    Q_EMIT box->findChild<QLabel*>(QStringLiteral("lblLicence"))->linkActivated(QStringLiteral("licence.html"));
-    box->close();
+  tests::InModalWindow([&texts](QWidget& box) {
+    for (const QLabel* label : box.findChildren<QLabel*>()) texts += label->text().toStdString() + '\n';
+    Q_EMIT tests::Child<QLabel>(box, "lblLicence").linkActivated(QStringLiteral("licence.html"));
+    box.close();
   });
   Tool("miHAbout")->trigger();
   for (const std::string& part : {std::string("Quillmark 3."), std::string("GPL-3.0-or-later"), std::string(qVersion()),

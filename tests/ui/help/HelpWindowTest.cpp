@@ -6,19 +6,18 @@
 
 #include <QHelpContentWidget>
 #include <QHelpIndexWidget>
-#include <QHelpLink>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QScrollBar>
-#include <QTest>
 
 #include "platform/Files.h"
 #include "platform/ProgramFolder.h"
 #include "platform/qt/QtHelp.h"
-#include "shell/HelpTopics.h"
+#include "tests/support/FakeShell.h"
 #include "tests/support/ScriptedPrompts.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/ui/Widgets.h"
 
 namespace {
 
@@ -29,15 +28,6 @@ std::string HelpFile() {
   return platform::FindHelpFile("/nowhere", platform::ProgramPlaces::FromProcess());
 }
 
-class RecordingShell : public platform::Shell {
- public:
-  int ShellExecute(const std::string& program, const std::string&) override {
-    Opened += program + ' ';
-    return platform::ShellSuccess;
-  }
-  std::string Opened;
-};
-
 class HelpWindowTest : public testing::Test {
  protected:
   HelpWindowTest() {
@@ -46,15 +36,9 @@ class HelpWindowTest : public testing::Test {
     m_window = std::make_unique<HelpWindow>(std::move(collection), m_shell);
   }
 
-  template <typename Widget>
-  Widget& Find(const char* name) {
-    auto* widget = m_window->findChild<Widget*>(QLatin1String(name));
-    EXPECT_NE(widget, nullptr) << name;
-    return *widget;
-  }
   std::string Shown() { return HelpCollection::PageOf(m_window->Page().source()); }
 
-  RecordingShell m_shell;
+  tests::FakeShell m_shell;
   std::unique_ptr<HelpWindow> m_window;
 };
 
@@ -88,21 +72,9 @@ TEST_F(HelpWindowTest, AFileThatIsMissingOrDamagedIsToldAndIsTriedAgain) {
   EXPECT_EQ(prompts.Unasked(), 0U);
 }
 
-TEST_F(HelpWindowTest, EveryPageAndKeywordOfAWindowIsInTheCollection) {
-  HelpCollection collection;
-  ASSERT_EQ(collection.Open(HelpFile()), "");
-  for (const shell::HelpTopic& topic : shell::HelpTopics()) {
-    EXPECT_FALSE(collection.Data(HelpCollection::UrlOf(topic.Page)).isEmpty()) << topic.Page;
-    const auto links = collection.Engine().documentsForKeyword(
-        QString::fromUtf8(topic.Keyword.data(), static_cast<qsizetype>(topic.Keyword.size())));
-    ASSERT_EQ(links.size(), 1) << topic.Keyword;
-    EXPECT_EQ(HelpCollection::PageOf(links.first().url), topic.Page);
-  }
-}
-
 TEST_F(HelpWindowTest, SearchingFindsAPageAndMarksTheWords) {
-  auto& words = Find<QLineEdit>("HelpWords");
-  auto& hits = Find<QListWidget>("HelpHits");
+  auto& words = tests::Child<QLineEdit>(*m_window, "HelpWords");
+  auto& hits = tests::Child<QListWidget>(*m_window, "HelpHits");
   QTest::keyClicks(&words, QStringLiteral("override fonts"));
   ASSERT_GT(hits.count(), 0);
   EXPECT_EQ(hits.item(0)->text(), QStringLiteral("Set Fonts"));
@@ -117,14 +89,14 @@ TEST_F(HelpWindowTest, SearchingFindsAPageAndMarksTheWords) {
   EXPECT_NE(Shown(), "fonts.html") << "Down in the field chooses the next page";
   words.setText(QStringLiteral("zzzz"));
   EXPECT_EQ(hits.count(), 0);
-  EXPECT_EQ(Find<QLabel>("HelpHitCount").text(), QStringLiteral("No page has all of these words."));
+  EXPECT_EQ(tests::Child<QLabel>(*m_window, "HelpHitCount").text(), QStringLiteral("No page has all of these words."));
 }
 
 TEST_F(HelpWindowTest, AKeywordIsFoundByAPartOfItAndOpensItsPlace) {
-  auto& index = Find<QHelpIndexWidget>("HelpKeywords");
+  auto& index = tests::Child<QHelpIndexWidget>(*m_window, "HelpKeywords");
   ASSERT_TRUE(QTest::qWaitFor([&] { return index.model()->rowCount() > 100; }));
   m_window->ShowKeywords();
-  auto& field = Find<QLineEdit>("HelpKeyword");
+  auto& field = tests::Child<QLineEdit>(*m_window, "HelpKeyword");
   QTest::keyClicks(&field, QStringLiteral("wrap co"));
   EXPECT_EQ(index.model()->rowCount(), 1);
   QTest::keyClick(&field, Qt::Key_Return);
@@ -155,12 +127,12 @@ TEST_F(HelpWindowTest, BackGoesToThePlaceAndTheWindowKeepsItsPage) {
 }
 
 TEST_F(HelpWindowTest, ContentsFollowThePageAndLinksThatLeadOutGoToTheDesktop) {
-  auto& contents = Find<QHelpContentWidget>("HelpContents");
+  auto& contents = tests::Child<QHelpContentWidget>(*m_window, "HelpContents");
   m_window->ShowPage("format-syn.html");
   ASSERT_TRUE(QTest::qWaitFor([&] { return contents.currentIndex().isValid(); }));
   EXPECT_EQ(contents.currentIndex().data().toString(), QStringLiteral("Synonyms (*.syn)"));
   Q_EMIT m_window->Page().anchorClicked(QUrl(QStringLiteral("https://example.org/a?b#c")));
-  EXPECT_EQ(m_shell.Opened, "https://example.org/a?b#c ");
+  EXPECT_EQ(m_shell.Runs, std::vector<std::string>{"https://example.org/a?b#c|"});
   EXPECT_EQ(Shown(), "format-syn.html");
   Q_EMIT m_window->Page().anchorClicked(QUrl(QStringLiteral("synonyms.html")));
   EXPECT_EQ(Shown(), "synonyms.html");

@@ -2,18 +2,17 @@
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QColorDialog>
 #include <QFileDialog>
 #include <QFontDialog>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTemporaryDir>
-#include <QTimer>
 
 #include "platform/qt/FontChoice.h"
 #include "platform/qt/QtEventLoop.h"
 #include "platform/qt/QtPrompts.h"
+#include "tests/ui/Widgets.h"
 
 namespace tests {
 namespace {
@@ -21,21 +20,11 @@ namespace {
 using namespace platform;
 using qt::QtPrompts;
 
-/// Does something with the dialog that the next question shows.
-template <typename Dialog, typename Action>
-void WithNextDialog(Action action) {
-  QTimer::singleShot(0, [action] {
-    auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
-    ASSERT_NE(dialog, nullptr);
-    action(*dialog);
-  });
-}
-
 TEST(QtPrompts, ShowsTheBoxAsAskedAndGivesTheAnswer) {
   QtPrompts prompts;
   const MessageBox box{"Save changes to \"<b>x</b>\" before closing?", "Title", PromptButtons::YesNoCancel,
                        PromptIcon::Question, PromptAnswer::Cancel};
-  WithNextDialog<QMessageBox>([&](QMessageBox& shown) {
+  InModalWindow<QMessageBox>([&](QMessageBox& shown) {
     EXPECT_EQ(shown.text().toStdString(), box.Text);
     EXPECT_EQ(shown.textFormat(), Qt::PlainText);
     EXPECT_EQ(shown.windowTitle(), QStringLiteral("Title"));
@@ -53,7 +42,7 @@ TEST(QtPrompts, ShowsTheBoxAsAskedAndGivesTheAnswer) {
                            Closing{PromptButtons::OkCancel, PromptAnswer::Ok, PromptAnswer::Cancel},
                            Closing{PromptButtons::YesNo, PromptAnswer::Yes, PromptAnswer::No},
                            Closing{PromptButtons::Ok, PromptAnswer::Ok, PromptAnswer::Ok}}) {
-    WithNextDialog<QMessageBox>([](QMessageBox& shown) { shown.close(); });
+    InModalWindow<QMessageBox>([](QMessageBox& shown) { shown.close(); });
     EXPECT_EQ(prompts.Show({"x", "y", c.Buttons, PromptIcon::None, c.Default}), c.Answer);
   }
 }
@@ -62,7 +51,7 @@ TEST(QtPrompts, FontAndColourChoosersStartWithWhatIsAndGiveWhatIsChosen) {
   QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
   QtPrompts prompts;
   FontRecord font{.Name = "DejaVu Sans", .Size = 12.5, .Bold = true, .Underline = true, .Fixed = true};
-  WithNextDialog<QFontDialog>([](QFontDialog& shown) {
+  InModalWindow<QFontDialog>([](QFontDialog& shown) {
     EXPECT_TRUE(shown.currentFont().bold() && shown.currentFont().underline());
     QFont changed = shown.currentFont();
     changed.setStrikeOut(true);
@@ -73,16 +62,16 @@ TEST(QtPrompts, FontAndColourChoosersStartWithWhatIsAndGiveWhatIsChosen) {
   font.Strikethrough = true;
   ASSERT_TRUE(chosen.has_value());
   EXPECT_EQ(*chosen, font);
-  WithNextDialog<QFontDialog>([](QFontDialog& shown) { shown.reject(); });
+  InModalWindow<QFontDialog>([](QFontDialog& shown) { shown.reject(); });
   EXPECT_EQ(prompts.AskFont(font), std::nullopt);
 
-  WithNextDialog<QColorDialog>([](QColorDialog& shown) {
+  InModalWindow<QColorDialog>([](QColorDialog& shown) {
     EXPECT_EQ(shown.currentColor(), QColor(1, 2, 3));
     shown.setCurrentColor(QColor(0xAB, 0xCD, 0xEF));
     shown.accept();
   });
   EXPECT_EQ(prompts.AskColour(0x030201), 0xEFCDABU);
-  WithNextDialog<QColorDialog>([](QColorDialog& shown) { shown.reject(); });
+  InModalWindow<QColorDialog>([](QColorDialog& shown) { shown.reject(); });
   EXPECT_EQ(prompts.AskColour(0x030201), std::nullopt);
 }
 
@@ -94,7 +83,7 @@ TEST(QtPrompts, FileChoosersUseTheFiltersAndRememberTheFolder) {
                         {{"JavaScript File", {"*.js", "*.mjs"}}, {"All Files", {"*.*"}}},
                         folder.path().toStdString(),
                         "new"};
-  WithNextDialog<QFileDialog>([](QFileDialog& shown) {
+  InModalWindow<QFileDialog>([](QFileDialog& shown) {
     EXPECT_EQ(shown.nameFilters(),
               (QStringList{QStringLiteral("JavaScript File (*.js *.mjs)"), QStringLiteral("All Files (*)")}));
     EXPECT_EQ(shown.acceptMode(), QFileDialog::AcceptSave);
@@ -102,7 +91,7 @@ TEST(QtPrompts, FileChoosersUseTheFiltersAndRememberTheFolder) {
   });
   EXPECT_EQ(prompts.AskSaveFile(question), folder.filePath(QStringLiteral("new.js")).toStdString());
   question.Folder.clear();
-  WithNextDialog<QFileDialog>([&](QFileDialog& shown) {
+  InModalWindow<QFileDialog>([&](QFileDialog& shown) {
     EXPECT_EQ(shown.directory().absolutePath(), folder.path());
     shown.reject();
   });

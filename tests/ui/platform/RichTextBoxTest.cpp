@@ -27,12 +27,7 @@ struct RealControl {
   }
 };
 
-struct MemoryControl {
-  static std::unique_ptr<platform::TextControl> Make() { return std::make_unique<MemoryTextControl>(); }
-};
-
 INSTANTIATE_TYPED_TEST_SUITE_P(Real, TextControlContract, RealControl);
-INSTANTIATE_TYPED_TEST_SUITE_P(Memory, TextControlContract, MemoryControl);
 
 TEST(RichTextBox, IsTheControlInMemoryUnderRandomOperations) {
   for (std::uint64_t seed = laws::FirstSeed(); seed < laws::FirstSeed() + laws::Runs(20); ++seed) {

@@ -2,44 +2,24 @@
 
 #include <gtest/gtest.h>
 
-#include <QAbstractButton>
 #include <QComboBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
-#include <QTest>
 #include <QTextEdit>
 #include <QTreeWidget>
-#include <stdexcept>
 #include <tuple>
 
 #include "settings/ui/frmAssociations.h"
 #include "settings/ui/frmFontSet.h"
 #include "settings/ui/frmOptions.h"
 #include "tests/support/ScriptedPrompts.h"
+#include "tests/ui/Widgets.h"
 
 namespace tests {
 namespace {
 
 using namespace settings;
-
-template <typename Widget>
-Widget& Child(const QWidget& form, const char* name) {
-  auto* child = form.findChild<Widget*>(QString::fromUtf8(name));
-  if (child == nullptr) throw std::runtime_error(std::string("no control ") + name);
-  return *child;
-}
-
-void Click(const QWidget& form, const char* name) {
-  auto& button = Child<QAbstractButton>(form, name);
-  QTest::mouseClick(&button, Qt::LeftButton, {}, QPoint(8, button.height() / 2));
-}
-
-void ShowForm(QWidget& form) {
-  form.show();
-  form.activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
-}
 
 class SettingsDialogs : public testing::Test {
  protected:
@@ -51,7 +31,7 @@ class SettingsDialogs : public testing::Test {
 
 TEST_F(SettingsDialogs, OptionsAreReachedByTheirAccessKeysAndTakenOverByOk) {
   ui::frmOptions form({Values, List, Extra, Prompts}, "/program", Cancelled);
-  ShowForm(form);
+  Activate(form);
   EXPECT_EQ(form.windowTitle(), QStringLiteral("Quillmark Options"));
   // A button that is reached by its key shows for a moment that it is pressed.
   for (const auto& [key, name, checked] :
@@ -82,7 +62,7 @@ TEST_F(SettingsDialogs, OptionsAreReachedByTheirAccessKeysAndTakenOverByOk) {
 
 TEST_F(SettingsDialogs, AMissingTemplateKeepsTheOptionsOpenAndCancelChangesNothing) {
   ui::frmOptions form({Values, List, Extra, Prompts}, "/program", Cancelled);
-  ShowForm(form);
+  Activate(form);
   Prompts.ExpectOpenFile("Select Template", "/no such.def");
   Click(form, "cmdBrowse");
   EXPECT_EQ(Child<QComboBox>(form, "cmbDefTemp").currentText(), QStringLiteral("/no such.def"));
@@ -97,7 +77,7 @@ TEST_F(SettingsDialogs, AMissingTemplateKeepsTheOptionsOpenAndCancelChangesNothi
 
 TEST_F(SettingsDialogs, FontsAreShownInTheirSamplesAndStoredByOk) {
   ui::frmFontSet form(FontSetModel(Values), Prompts, Cancelled);
-  ShowForm(form);
+  Activate(form);
   platform::FontRecord chosen = Values.FixedFont;
   chosen.Size = 12;
   chosen.Bold = true;
@@ -115,7 +95,7 @@ TEST_F(SettingsDialogs, FontsAreShownInTheirSamplesAndStoredByOk) {
   EXPECT_TRUE(Values.OverrideTemplateFonts && Values.DefaultFontType == 2 && !Cancelled);
 
   ui::frmFontSet again(FontSetModel(Values), Prompts, Cancelled);
-  ShowForm(again);
+  Activate(again);
   Click(again, "cmdReset");
   EXPECT_FALSE(Child<QTextEdit>(again, "txtFixed").font().bold());
   QTest::keyClick(&again, Qt::Key_Escape);
@@ -126,7 +106,7 @@ TEST_F(SettingsDialogs, FontsAreShownInTheirSamplesAndStoredByOk) {
 TEST_F(SettingsDialogs, AssociationsAreEditedCharacterByCharacter) {
   Values.Associations = {{"", "txt", "/t.def"}};
   ui::frmAssociations form{AssociationsModel(Values.Associations)};
-  ShowForm(form);
+  Activate(form);
   auto& list = Child<QTreeWidget>(form, "lstAss");
   auto& extension = Child<QLineEdit>(form, "txtExt");
   EXPECT_EQ(list.header()->sectionSize(0), 58);
@@ -147,7 +127,7 @@ TEST_F(SettingsDialogs, AssociationsAreEditedCharacterByCharacter) {
   EXPECT_EQ(Values.Associations[0].Extension, "lo");
 
   ui::frmAssociations again{AssociationsModel(Values.Associations)};
-  ShowForm(again);
+  Activate(again);
   Click(again, "btnDelete");
   for (const char* name : {"btnDelete", "txtExt", "txtTemp"}) EXPECT_FALSE(Child<QWidget>(again, name).isEnabled());
   Click(again, "btnCancel");

@@ -39,18 +39,6 @@ class FrameTest : public testing::Test {
     return *m_frame.ActiveDocument();
   }
 
-  static void ExpectClosing(ScriptedPrompts& prompts, const std::string& caption, PromptAnswer answer) {
-    prompts.Expect({.Text = "Save changes to " + caption + " before closing?",
-                    .Buttons = platform::PromptButtons::YesNoCancel,
-                    .Icon = platform::PromptIcon::Question,
-                    .Default = PromptAnswer::Cancel},
-                   answer);
-  }
-
-  QString Panel(const char* name) const {
-    const auto* label = m_frame.findChild<QLabel*>(QString::fromLatin1(name));
-    return label ? label->text() : QStringLiteral("no panel ") + QString::fromLatin1(name);
-  }
   QAction* Tool(const char* name) const { return m_frame.findChild<QAction*>(QString::fromLatin1(name)); }
   std::size_t OpenWindows() const { return m_frame.WindowCount(); }
   bool AllClosed() {
@@ -61,29 +49,6 @@ class FrameTest : public testing::Test {
   ScriptedPrompts m_prompts;
   BackWin m_frame{m_prompts, Templates};
 };
-
-TEST_F(FrameTest, UntouchedFilesAreSavedByteForByte) {
-  const std::vector<std::pair<std::string, std::string>> files = {
-      {"crlf.js", "var a;\r\nvar b;\r\n"},
-      {"lf.js", "var a;\nvar b;\n"},
-      {"mixed.py", "a = 1\r\nb = 2\nc = 3\rd"},
-      {"no_end.css", "p { color: red }"},
-      {"latin1.html", "<p>caf\xE9 \x80 \x81</p>\n"},
-      {"utf8.sh", "echo 'äöü \xF0\x9F\x98\x80'\n"},
-      {"mark.js", "\xEF\xBB\xBF// marked\n"},
-      {"broken.js", "// \xC3\x28 \xFF\n"},
-      {"zero.c", std::string("int a;\0\0\x01\x1B\x7F\n", 12)},
-      {"empty.js", ""},
-      {"unknown.zzz", "plain\n"},
-  };
-  for (const auto& [name, bytes] : files) {
-    if (name == "unknown.zzz") m_prompts.ExpectOpenFile("Select Template", "");
-    Open(name, bytes).SaveFile(m_folder.Path(name));
-    EXPECT_EQ(m_folder.Read(name), bytes) << name;
-  }
-  m_frame.close();
-  EXPECT_TRUE(AllClosed());
-}
 
 TEST_F(FrameTest, EveryCommandHasItsAction) {
   EXPECT_EQ(m_frame.WaitingCommands(), std::vector<std::string>());
@@ -108,22 +73,6 @@ TEST_F(FrameTest, AnOpenedFileIsColouredAsTheRulesSay) {
   }
   EXPECT_FALSE(expectedRuns.empty());
   EXPECT_EQ(shownRuns, expectedRuns);
-}
-
-TEST_F(FrameTest, TypingMarksTheDocumentAndSavingWritesIt) {
-  editor::ui::Mainwin& window = Open("a.py", "x = 1\n");
-  EXPECT_FALSE(Tool("save")->isEnabled());
-  QTest::keyClicks(window.TextArea().viewport(), QStringLiteral("y = 2"));
-  QTest::keyClick(window.TextArea().viewport(), Qt::Key_Return);
-  EXPECT_FALSE(window.Saved());
-  EXPECT_TRUE(Tool("save")->isEnabled());
-  EXPECT_EQ(Panel("CoOrds"), QStringLiteral("(Line 2, Col 1)"));
-  EXPECT_EQ(Panel("DocSize"), QStringLiteral("3 Lines"));
-  Tool("save")->trigger();
-  EXPECT_EQ(m_folder.Read("a.py"), "y = 2\nx = 1\n");
-  EXPECT_TRUE(window.Saved());
-  QTest::keyClick(window.TextArea().viewport(), Qt::Key_Up, Qt::ShiftModifier);
-  EXPECT_EQ(Panel("CoOrds"), QStringLiteral("Selected: 2 lines"));
 }
 
 TEST_F(FrameTest, UndoAndRedoByTheirKeys) {
@@ -157,32 +106,6 @@ TEST_F(FrameTest, UndoAndRedoByTheirKeys) {
   EXPECT_FALSE(Tool("miUndo")->isEnabled()) << "each document has a history of its own";
 }
 
-TEST_F(FrameTest, SaveAsTakesTheTemplatesTypeAndTheNewName) {
-  editor::ui::Mainwin& window = Open("a.py", "x = 1\n");
-  m_prompts.ExpectSaveFile("Save Script", "");
-  Tool("saveas")->trigger();
-  EXPECT_EQ(window.CurFileName(), m_folder.Path("a.py"));
-  EXPECT_EQ(m_prompts.LastFileQuestion().Filters.front().Description, "Python File");
-  m_prompts.ExpectSaveFile("Save Script", m_folder.Path("b.py"));
-  Tool("saveas")->trigger();
-  EXPECT_EQ(window.Caption(), "b.py");
-  EXPECT_EQ(m_folder.Read("b.py"), "x = 1\n");
-}
-
-TEST_F(FrameTest, ClosingAsksForChangedDocumentsOnly) {
-  Open("clean.js", "a\n");
-  editor::ui::Mainwin& changed = Open("changed.js", "b\n");
-  QTest::keyClicks(changed.TextArea().viewport(), QStringLiteral("x"));
-  ExpectClosing(m_prompts, "changed.js", PromptAnswer::Cancel);
-  m_frame.close();
-  EXPECT_TRUE(m_frame.isVisible());
-  EXPECT_EQ(changed.TextArea().Text(), "xb\n");
-  ExpectClosing(m_prompts, "changed.js", PromptAnswer::Yes);
-  m_frame.close();
-  EXPECT_TRUE(AllClosed());
-  EXPECT_EQ(m_folder.Read("changed.js"), "xb\n");
-}
-
 TEST_F(FrameTest, AFileThatDoesNotExistOpensNothing) {
   m_prompts.Expect({.Text = "/no/such/file.js does not exist.",
                     .Title = "Error opening file...",
@@ -196,11 +119,7 @@ TEST_F(FrameTest, TheTemplatePanelLetsTheUserChooseATemplate) {
   editor::ui::Mainwin& window = Open("notes.zzz", "if x: pass\n");
   EXPECT_TRUE(rich_text::ReadRtf(window.TextArea().TextRTF()).Runs.empty());
   m_prompts.ExpectOpenFile("Select Template", std::string(Templates) + "/Python.def");
-  m_prompts.Expect({.Text = "Would you like to use this template for all .zzz files?",
-                    .Buttons = platform::PromptButtons::YesNo,
-                    .Icon = platform::PromptIcon::Question,
-                    .Default = PromptAnswer::Yes},
-                   PromptAnswer::Yes);
+  m_prompts.ExpectAssociating("zzz", PromptAnswer::Yes);
   auto* panel = m_frame.findChild<QToolButton*>(QStringLiteral("Template"));
   ASSERT_NE(panel, nullptr);
   EXPECT_EQ(panel->text(), QStringLiteral("Using '<none>' Template"));

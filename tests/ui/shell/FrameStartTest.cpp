@@ -106,22 +106,6 @@ TEST_F(FrameStart, AnEmptyHomeGivesABlankDocumentAndEverythingIsKept) {
   });
 }
 
-TEST_F(FrameStart, AFileRemembersTheTemplateThatTheUserChose) {
-  const platform::MessageBox question{.Text = "Would you like to use this template for all .zzz files?",
-                                      .Buttons = PromptButtons::YesNo,
-                                      .Icon = PromptIcon::Question,
-                                      .Default = PromptAnswer::Yes};
-  m_prompts.ExpectOpenFile("Select Template", m_folder.Path("program/Python.def"));
-  m_prompts.Expect(question, PromptAnswer::No);
-  Run({"c.zzz"});
-  EXPECT_NE(m_folder.Read("program/FileInfo.ini")
-                .find("[" + m_folder.Path("work/c.zzz") +
-                      "]\r\nSynonyms=\r\nTemplate=" + m_folder.Path("program/Python.def") + "\r\n"),
-            std::string::npos);
-  Run({"c.zzz"},
-      [&](BackWin& frame) { EXPECT_EQ(frame.ActiveDocument()->TemplateFile(), m_folder.Path("program/Python.def")); });
-}
-
 TEST_F(FrameStart, PopupsStayWhereNothingWatchesTheActivation) {
   for (const bool watches : {true, false})
     Run(watches ? std::vector<std::string>{"b.js"} : std::vector<std::string>{"b.js", "/NoSubclassing"},
@@ -178,9 +162,7 @@ TEST_F(FrameStart, GarbageInTheSettingsAndTheLayoutIsToldAndTheFrameComes) {
 
 TEST_F(FrameStart, ResettingAsksAndNoChangesNothing) {
   const auto ask = [&](const char* question, PromptAnswer answer) {
-    m_prompts.Expect(
-        {.Text = question, .Buttons = PromptButtons::YesNo, .Icon = PromptIcon::Question, .Default = PromptAnswer::No},
-        answer);
+    m_prompts.ExpectQuestion(question, PromptButtons::YesNo, PromptAnswer::No, answer);
   };
   Run({}, [&](BackWin& frame) {
     frame.Values().Settings.TabWidth = 7;
@@ -197,36 +179,6 @@ TEST_F(FrameStart, ResettingAsksAndNoChangesNothing) {
   });
 }
 
-TEST_F(FrameStart, AnotherStartHandsItsFilesOver) {
-  m_folder.Write("work/\xE4\n.py", "p\nq\n");  // a name that is neither UTF-8 nor one line
-  Run({"a.py"}, [&](BackWin& frame) {
-    bool refused = false;
-    int accepted = 0;
-    std::atomic<bool> done = false;
-    std::thread other([&] {
-      const platform::InstanceChannel channel(m_folder.Path("instance"));
-      using namespace std::chrono_literals;
-      tests::ScriptedPrompts prompts;
-      shell::HandOver(shell::ParseCommandLine({"b.js:1:3", "\xE4\n.py:2:2", "a.py:2"}, m_folder.Path("work")), prompts,
-                      [&](const std::string& command) { accepted += channel.Send(command, 5s); });
-      refused = !channel.Send("FileOpen:", 5s);
-      done = true;
-    });
-    EXPECT_TRUE(QTest::qWaitFor([&] { return frame.WindowCount() == 4; }));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return done.load(); }));
-    other.join();
-    EXPECT_EQ(accepted, 4) << "three files, and to the front";
-    EXPECT_TRUE(refused);
-    EXPECT_EQ(frame.ActiveDocument()->TextArea().SelStart(), 6U);
-    Trigger(frame, "tbWList2");
-    EXPECT_EQ(frame.ActiveDocument()->TextArea().SelStart(), 2U);
-    Trigger(frame, "tbWList3");
-    EXPECT_EQ(frame.ActiveDocument()->CurFileName(), m_folder.Path("work/\xE4\n.py"));
-    EXPECT_EQ(frame.ActiveDocument()->TextArea().SelStart(), 3U);
-  });
-  EXPECT_FALSE(std::filesystem::exists(m_folder.Path("instance/socket")));
-}
-
 TEST_F(FrameStart, TabsAndWindowMenuFollowTheWindows) {
   Run({"a.py", "b.js"}, [&](BackWin& frame) {
     QTest::keyClicks(frame.ActiveDocument()->TextArea().viewport(), QStringLiteral("x"));
@@ -238,11 +190,7 @@ TEST_F(FrameStart, TabsAndWindowMenuFollowTheWindows) {
     menu->hide();
     Trigger(frame, "miWList1");
     EXPECT_EQ(frame.ActiveDocument()->Caption(), "a.py");
-    m_prompts.Expect({.Text = "Save changes to b.js before closing?",
-                      .Buttons = PromptButtons::YesNoCancel,
-                      .Icon = PromptIcon::Question,
-                      .Default = PromptAnswer::Cancel},
-                     PromptAnswer::No);
+    m_prompts.ExpectClosing("b.js", PromptAnswer::No);
     QTest::keyClick(&frame, Qt::Key_Tab, Qt::ControlModifier);
     EXPECT_EQ(frame.ActiveDocument()->Caption(), "b.js");
     QTest::keyClick(&frame, Qt::Key_W, Qt::ControlModifier);

@@ -9,28 +9,20 @@
 #include <QTest>
 
 #include "shell/WindowList.h"
+#include "tests/support/FakeChild.h"
 
 namespace {
 
 using shell::ui::ChildIn;
 using shell::ui::FrameWindows;
 
-class Child : public QWidget, public shell::ChildWindow {
+class Child : public QWidget, public tests::FakeChild {
  public:
-  explicit Child(std::string name) : m_name(std::move(name)) { setAttribute(Qt::WA_DeleteOnClose); }
-  std::string FormName() const override { return "Mainwin"; }
-  std::string Caption() const override { return m_name; }
-  bool Saved() const override { return true; }
-  std::string CurFileName() const override { return ""; }
-  bool SaveFile(const std::string&) override { return false; }
-
+  explicit Child(const std::string& name) : FakeChild("Mainwin", name) { setAttribute(Qt::WA_DeleteOnClose); }
   bool Stays = false;
 
  protected:
   void closeEvent(QCloseEvent* event) override { event->setAccepted(!Stays); }
-
- private:
-  std::string m_name;
 };
 
 class FrameWindowsTest : public testing::Test {

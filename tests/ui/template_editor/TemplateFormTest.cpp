@@ -1,12 +1,11 @@
 // The controls of the template editor's window, by mouse and keys, and how it looks.
 
-#include <QAbstractButton>
 #include <QAccessible>
 #include <QGroupBox>
 #include <QLabel>
 #include <QToolButton>
 
-#include "templates/Writer.h"
+#include "tests/support/Characters.h"
 #include "tests/ui/template_editor/FormFixture.h"
 
 namespace tests {
@@ -24,6 +23,13 @@ class TemplateForm : public FormTest {
                         "W: \"a\" 2\r\n2 \".\" 1\r\n\"\"\r\nopen 5\r\n1 \"(\" 0\r\n\"(x)\"\r\nW: \"b\" 0\r\n"
                         "Y: \"x\" \"a\"\r\n");
   }
+  /// What each of the named controls says.
+  template <typename Widget>
+  std::string TextsOf(const char* names, QString (Widget::*text)() const) const {
+    std::string texts;
+    for (const std::string& name : Split(names)) texts += (Child<Widget>(name.c_str()).*text)().toStdString() + '|';
+    return texts;
+  }
   QColor SwatchOf(const char* list, int row) const {
     const auto icon = Child<QAbstractItemView>(list).model()->index(row, 0).data(Qt::DecorationRole).value<QIcon>();
     return icon.pixmap(16).toImage().pixelColor(8, 8);
@@ -36,65 +42,24 @@ class TemplateForm : public FormTest {
 
 TEST_F(TemplateForm, EveryControlHasItsCaptionDefaultAndName) {
   NewTemplate();
-  const std::vector<std::pair<const char*, const char*>> fields = {{"TemplateName", "New Template"},
-                                                                   {"DefaultExt", ""},
-                                                                   {"DelimetersBox", ",./*+-=()[]{}#!%?;:"},
-                                                                   {"hdfFile", ".hdf"},
-                                                                   {"SaveExecute", ""},
-                                                                   {"ColName", ""},
-                                                                   {"ColHex", "#000000"},
-                                                                   {"colWordName", ""},
-                                                                   {"colEndWord", ""},
-                                                                   {"ActWordName", ""},
-                                                                   {"DelimBox", ""},
-                                                                   {"ToolTipBox", ""},
-                                                                   {"wlstName", ""},
-                                                                   {"txtWord", ""},
-                                                                   {"txtSynonym", ""},
-                                                                   {"VersionText", ""},
-                                                                   {"AuthorBox", ""},
-                                                                   {"DateBox", ""},
-                                                                   {"Comments", ""}};
-  for (const auto& [name, text] : fields) EXPECT_EQ(TextOf(name), text) << name;
-  const std::vector<std::pair<const char*, const char*>> buttons = {{"CaseSense", "Case Sensiti&ve"},
-                                                                    {"optDOS", "MS-DOS Font"},
-                                                                    {"optFixed", "Fixed Width Font"},
-                                                                    {"optProp", "Proportional Font"},
-                                                                    {"ColBrowse", "..."},
-                                                                    {"colAdd", "&Add"},
-                                                                    {"colRemove", "&Remove"},
-                                                                    {"colChange", "C&hange"},
-                                                                    {"ColWordInclude", "&Includes itself"},
-                                                                    {"oEndOfWord", "&End of Word"},
-                                                                    {"oEndOfLine", "End of &Line"},
-                                                                    {"oUntilWord", ""},
-                                                                    {"AddColWord", "&Add"},
-                                                                    {"RemoveColWord", "&Remove"},
-                                                                    {"ChangeColWord", "C&hange"},
-                                                                    {"ActAdd", "&Add"},
-                                                                    {"ActRemove", "&Remove"},
-                                                                    {"ActChange", "C&hange"},
-                                                                    {"ClearButton", "&C\nl\ne\na\nr"},
-                                                                    {"DelimAdd", "&Add"},
-                                                                    {"DelimRemove", "&Remove"},
-                                                                    {"DelimChange", "C&hange"},
-                                                                    {"ShowTip", "Show &Tool Tip"},
-                                                                    {"ShowList", "Show Word &List"},
-                                                                    {"AddSynonym", "Add &Synonym"},
-                                                                    {"wlstAdd", "&Add"},
-                                                                    {"wlstRemove", "&Remove"},
-                                                                    {"wlstChange", "C&hange"},
-                                                                    {"btnNew", "&New"},
-                                                                    {"btnDelete", "&Delete"}};
-  for (const auto& [name, caption] : buttons)
-    EXPECT_EQ(Child<QAbstractButton>(name).text().toStdString(), caption) << name;
-  const std::vector<std::pair<const char*, const char*>> frames = {
-      {"frmFont", "Default Font Type"},     {"ColourFrame", "Colour Palette"},
-      {"ColWords", "Colour Words"},         {"ColWordUntil", "Colour Until"},
-      {"ActionWordsFrame", "Action Words"}, {"DelimetersFrame", "Word Delimeters for []"},
-      {"ActionFrame", "Action for []"},     {"WordListFrame", "Word List for []"},
-      {"InfoFrame", "Information"}};
-  for (const auto& [name, caption] : frames) EXPECT_EQ(Child<QGroupBox>(name).title().toStdString(), caption) << name;
+  EXPECT_EQ(
+      TextsOf("TemplateName|DefaultExt|DelimetersBox|hdfFile|SaveExecute|ColName|ColHex|colWordName|colEndWord|"
+              "ActWordName|DelimBox|ToolTipBox|wlstName|txtWord|txtSynonym|VersionText|AuthorBox|DateBox|Comments",
+              &QLineEdit::text),
+      "New Template||,./*+-=()[]{}#!%?;:|.hdf|||#000000|||||||||||||");
+  EXPECT_EQ(TextsOf("CaseSense|optDOS|optFixed|optProp|ColBrowse|colAdd|colRemove|colChange|ColWordInclude|oEndOfWord|"
+                    "oEndOfLine|oUntilWord|AddColWord|RemoveColWord|ChangeColWord|ActAdd|ActRemove|ActChange|"
+                    "ClearButton|DelimAdd|DelimRemove|DelimChange|ShowTip|ShowList|AddSynonym|wlstAdd|wlstRemove|"
+                    "wlstChange|btnNew|btnDelete",
+                    &QAbstractButton::text),
+            "Case Sensiti&ve|MS-DOS Font|Fixed Width Font|Proportional Font|...|&Add|&Remove|C&hange|&Includes itself|"
+            "&End of Word|End of &Line||&Add|&Remove|C&hange|&Add|&Remove|C&hange|&C\nl\ne\na\nr|&Add|&Remove|C&hange|"
+            "Show &Tool Tip|Show Word &List|Add &Synonym|&Add|&Remove|C&hange|&New|&Delete|");
+  EXPECT_EQ(TextsOf("frmFont|ColourFrame|ColWords|ColWordUntil|ActionWordsFrame|DelimetersFrame|ActionFrame|"
+                    "WordListFrame|InfoFrame",
+                    &QGroupBox::title),
+            "Default Font Type|Colour Palette|Colour Words|Colour Until|Action Words|Word Delimeters for []|"
+            "Action for []|Word List for []|Information|");
   EXPECT_EQ(Child<QLabel>("ToolTipLabel").text(), QStringLiteral("Tool T&ip for [] of []"));
   EXPECT_EQ(Child<QLabel>("ColWordColName").text(), QStringLiteral("[ColourName]"));
   EXPECT_EQ(Child<QLabel>("Label31").text(), QStringLiteral("\"c:\\program files\\accessories\\viewer.exe\" /view %s"));
@@ -129,14 +94,12 @@ TEST_F(TemplateForm, AScreenReaderHasANameForEveryControl) {
 TEST_F(TemplateForm, SpacesTypedIntoTheDelimetersFallOut) {
   NewTemplate();
   Child<QLineEdit>("DelimetersBox").setFocus();
-  Enter("a");
-  Type(" ");
+  Play("<Ctrl+A>a ");
   EXPECT_FALSE(Child<QLabel>("DelimLabel").styleSheet().isEmpty()) << "it warns";
-  Type("b");
+  Play("b");
   EXPECT_TRUE(Child<QLabel>("DelimLabel").styleSheet().isEmpty());
   EXPECT_EQ(TextOf("DelimetersBox"), "ab");
-  Press(Qt::Key_Left);
-  Type(" c");
+  Play("<Left> c");
   EXPECT_EQ(TextOf("DelimetersBox"), "acb") << "the caret stays where it was";
 }
 
@@ -198,8 +161,8 @@ TEST_F(TemplateForm, LeavingAChangedActionAsks) {
 
   InModalWindow([](QWidget& question) {
     EXPECT_EQ(question.windowTitle(), QStringLiteral("Action Word Changed"));
-    EXPECT_TRUE(Child<QPushButton>(question, "ChangeButton").isEnabled());
-    QTest::mouseClick(&Child<QPushButton>(question, "DiscardButton"), Qt::LeftButton);
+    EXPECT_TRUE(tests::Child<QPushButton>(question, "ChangeButton").isEnabled());
+    QTest::mouseClick(&tests::Child<QPushButton>(question, "DiscardButton"), Qt::LeftButton);
   });
   ClickRow("ActWordList", 1);
   EXPECT_EQ(TextOf("ActWordName"), "b");
@@ -216,7 +179,7 @@ TEST_F(TemplateForm, SynonymsAreTakenFromTheListOfActionWords) {
   Click("btnNew");
   EXPECT_EQ(QApplication::focusWidget()->objectName(), QStringLiteral("txtWord"));
   ASSERT_TRUE(QTest::qWaitFor([&] { return Child<QLineEdit>("txtWord").selectedText() == QStringLiteral("new"); }));
-  Type("y\"");
+  Play("y\"");
   EXPECT_EQ(TextOf("txtWord"), "y");
   auto& words = Child<QAbstractItemView>("SynList");
   ClickRow("SynList", 1);
@@ -224,11 +187,10 @@ TEST_F(TemplateForm, SynonymsAreTakenFromTheListOfActionWords) {
   QTest::mouseDClick(words.viewport(), Qt::LeftButton, {}, words.visualRect(words.model()->index(1, 0)).center());
   EXPECT_EQ(TextOf("txtSynonym"), "b");
   words.setFocus();
-  Press(Qt::Key_Home);
-  Press(Qt::Key_Return);
+  Play("<Home><Return>");
   EXPECT_EQ(TextOf("txtSynonym"), "a");
   Child<QWidget>("lstAss").setFocus();
-  Press(Qt::Key_Delete);
+  Play("<Del>");
   EXPECT_EQ(RowCount("lstAss"), 1);
   EXPECT_EQ(TextOf("txtWord"), "x");
 }

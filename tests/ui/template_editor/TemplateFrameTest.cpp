@@ -17,13 +17,6 @@ class TemplateFrame : public FormTest {
       captions += window->windowTitle().toStdString() + '|';
     return captions;
   }
-  void ExpectClosing(const char* name, PromptAnswer answer) {
-    Prompts.Expect({.Text = std::string("Save changes to ") + name + " before closing?",
-                    .Buttons = platform::PromptButtons::YesNoCancel,
-                    .Icon = platform::PromptIcon::Question,
-                    .Default = PromptAnswer::Cancel},
-                   answer);
-  }
   std::string EnabledTools() const {
     std::string names;
     for (const char* name : {"save", "saveas", "miUndo", "miFind", "miReplace", "miFindNext", "miSelectAll", "miPaste",
@@ -47,7 +40,7 @@ TEST_F(TemplateFrame, ToolsFollowTheWindowInFront) {
   QMdiSubWindow* window = qobject_cast<QMdiSubWindow*>(first.parentWidget());
   window->mdiArea()->setActiveSubWindow(window);
   EXPECT_EQ(EnabledTools(), "save saveas ");
-  ExpectClosing("New Template", PromptAnswer::No);
+  Prompts.ExpectClosing("New Template", PromptAnswer::No);
   Frame.close();
   ASSERT_TRUE(QTest::qWaitFor([&] { return Frame.WindowCount() == 0; }));
   EXPECT_EQ(EnabledTools(), "");
@@ -91,14 +84,14 @@ TEST_F(TemplateFrame, SavingUnderANewNameFillsTheMenuOfTemplates) {
 TEST_F(TemplateFrame, ClosingAsksAndMayStay) {
   NewTemplate();
   Child<QLineEdit>("TemplateName").setText(QStringLiteral("Mine"));
-  ExpectClosing("Mine", PromptAnswer::Cancel);
+  Prompts.ExpectClosing("Mine", PromptAnswer::Cancel);
   Frame.close();
   EXPECT_TRUE(Frame.isVisible());
-  ExpectClosing("Mine", PromptAnswer::Yes);
+  Prompts.ExpectClosing("Mine", PromptAnswer::Yes);
   Prompts.ExpectSaveFile("Save Template", "");
   Frame.close();
   EXPECT_TRUE(Frame.isVisible()) << "without a name nothing is saved";
-  ExpectClosing("Mine", PromptAnswer::Yes);
+  Prompts.ExpectClosing("Mine", PromptAnswer::Yes);
   Prompts.ExpectSaveFile("Save Template", Folder.Path("m.def"));
   Frame.close();
   EXPECT_TRUE(QTest::qWaitFor([&] { return Frame.WindowCount() == 0; }));
@@ -126,8 +119,8 @@ TEST_F(TemplateFrame, AboutShowsTheTemplateOfTheWindowInFront) {
       EXPECT_EQ(window.objectName(), QStringLiteral("AboutTemplate"));
       shown = window.windowTitle().toStdString();
       for (const char* name : {"lblVersion", "lblDate", "lblAuthor", "lblComments"})
-        shown += '|' + Child<QLabel>(window, name).text().toStdString();
-      QTest::mouseClick(&Child<QPushButton>(window, "OKButton"), Qt::LeftButton);
+        shown += '|' + tests::Child<QLabel>(window, name).text().toStdString();
+      tests::Click(window, "OKButton");
     });
     Frame.ActiveBar_ToolClick("miHAboutTemplate");
     return shown;
@@ -143,7 +136,7 @@ TEST_F(TemplateFrame, AboutShowsTheTemplateOfTheWindowInFront) {
   NewTemplate();
   Child<QLineEdit>("AuthorBox").setText(QStringLiteral("typed"));
   EXPECT_EQ(about(), "Quillmark - About New Template|||typed|");
-  ExpectClosing("New Template", PromptAnswer::No);
+  Prompts.ExpectClosing("New Template", PromptAnswer::No);
   Frame.close();
   ASSERT_TRUE(QTest::qWaitFor([&] { return Frame.WindowCount() == 0; }));
   Frame.ActiveBar_ToolClick("miHAboutTemplate");
@@ -153,7 +146,7 @@ TEST_F(TemplateFrame, AboutShowsTheTemplateOfTheWindowInFront) {
 TEST_F(TemplateFrame, TheFocusComesBackToItsField) {
   NewTemplate();
   EXPECT_EQ(QApplication::focusWidget()->objectName(), QStringLiteral("TemplateName"));
-  Alt('F');
+  Play("<Alt+F>");
   Frame.ActiveBar_ToolClick("nothing");
   EXPECT_EQ(QApplication::focusWidget()->objectName(), QStringLiteral("hdfFile"));
   NewTemplate();

@@ -6,117 +6,23 @@
 namespace tests {
 namespace {
 
-class TemplateKeys : public FormTest {
- protected:
-  static void NextPage() { Press(Qt::Key_PageDown, Qt::ControlModifier); }
-
-  void WriteGeneral() {
-    Alt('T');
-    Type("Tiny");
-    Alt('X');
-    Type(".tny");
-    Alt('D');
-    Enter(".(");
-    Alt('V');
-    Alt('F');
-    Enter("tiny.hdf");
-    Alt('E');
-    Type("tiny \"%s\"");
-  }
-  void WriteColours() {
-    NextPage();
-    Alt('N');
-    Type("Blue");
-    Press(Qt::Key_Tab);
-    Enter("#FF0000");
-    Press(Qt::Key_Return);
-    Alt('N');
-    Enter("Red");
-    Press(Qt::Key_Tab);
-    Enter("#0000ff");
-    Alt('A');
-    Alt('C');
-    Press(Qt::Key_Home);  // the first colour is selected although nothing was
-    Press(Qt::Key_Down);
-    Alt('W');
-    Type("rem");
-    Alt('I');
-    Alt('L');
-    Alt('A');
-    Type("/*");  // over the word that was added
-    Press(Qt::Key_Tab);
-    Press(Qt::Key_Space);  // no longer includes itself
-    Press(Qt::Key_Tab);
-    Press(Qt::Key_Right);  // until a word
-    Type("*/");
-    Alt('A');
-  }
-  void WriteWordWithList() {
-    NextPage();
-    Alt('W');
-    Type("doc");
-    Alt('D');
-    Type("->");
-    Alt('L');
-    Alt('W');
-    Alt('W');
-    Type("open");
-    Press(Qt::Key_Return);
-    Type("title");
-    Press(Qt::Key_Tab);
-    for (int i = 0; i < 5; ++i) Press(Qt::Key_Right);
-    Alt('A');
-    Alt('D');
-    Alt('A');
-    Alt('W');
-    Alt('A');
-  }
-  void WriteWordWithTip() {
-    Alt('C');
-    Type("say");
-    Alt('D');
-    Type("(");
-    Alt('I');
-    Type("(text)");
-    Alt('D');
-    Press(Qt::Key_Return);
-    Alt('W');
-    Alt('A');
-  }
-  void WriteTheRest() {
-    NextPage();
-    if (QApplication::focusWidget()->objectName() != QStringLiteral("InitialText")) Press(Qt::Key_Tab);
-    Type("say(x");
-    Press(Qt::Key_Return);
-    Press(Qt::Key_Tab);
-    Type("y");
-    Press(Qt::Key_Z, Qt::ControlModifier);
-    NextPage();
-    Alt('N');
-    Type("d");
-    Alt('S');
-    Type("doc");
-    NextPage();
-    Alt('V');
-    Type("1.0");
-    Alt('A');
-    Type("Me");
-    Alt('D');
-    Type("today");
-    Alt('C');
-    Type("No comment");
-  }
-};
+using TemplateKeys = FormTest;
 
 TEST_F(TemplateKeys, ATemplateIsWrittenWithTheKeyboardAlone) {
   NewTemplate();
-  WriteGeneral();
-  WriteColours();
-  WriteWordWithList();
-  WriteWordWithTip();
-  WriteTheRest();
+  Play("<Alt+T>Tiny<Alt+X>.tny<Alt+D><Ctrl+A>.(<Alt+V><Alt+F><Ctrl+A>tiny.hdf<Alt+E>tiny \"%s\"");
+  Play("<Ctrl+PgDown><Alt+N>Blue<Tab><Ctrl+A>#FF0000<Return><Alt+N><Ctrl+A>Red<Tab><Ctrl+A>#0000ff<Alt+A>");
+  Play("<Alt+C><Home><Down>");  // the first colour is selected although nothing was
+  Play("<Alt+W>rem<Alt+I><Alt+L><Alt+A>");
+  Play("/*<Tab><Space><Tab><Right>*/<Alt+A>");  // over that word, not including itself, until a word
+  Play("<Ctrl+PgDown><Alt+W>doc<Alt+D>-><Alt+L><Alt+W><Alt+W>open<Return>title<Tab>");
+  Play("<Right><Right><Right><Right><Right><Alt+A><Alt+D><Alt+A><Alt+W><Alt+A>");
+  Play("<Alt+C>say<Alt+D>(<Alt+I>(text)<Alt+D><Return><Alt+W><Alt+A><Ctrl+PgDown>");
+  if (QApplication::focusWidget()->objectName() != QStringLiteral("InitialText")) Play("<Tab>");
+  Play("say(x<Return><Tab>y<Ctrl+Z>");
+  Play("<Ctrl+PgDown><Alt+N>d<Alt+S>doc<Ctrl+PgDown><Alt+V>1.0<Alt+A>Me<Alt+D>today<Alt+C>No comment");
   Prompts.ExpectSaveFile("Save Template", Folder.Path("tiny.def"));
-  Press(Qt::Key_S, Qt::ControlModifier);
+  Play("<Ctrl+S>");
   ASSERT_EQ(Prompts.Unasked(), 0U);
 
   templates::TemplateFields fields;
@@ -167,12 +73,12 @@ TEST_F(TemplateKeys, EveryFieldIsReachedByItsKey) {
   for (const auto& [page, key, name] : keys) {
     ShowPage(page);
     Child<QTabWidget>("TabStrip").tabBar()->setFocus();
-    Alt(key);
+    Play(std::string("<Alt+") + key + '>');
     EXPECT_EQ(QApplication::focusWidget()->objectName().toStdString(), name);
   }
   EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << "no menu has opened";
   ShowPage(3);
-  Alt('H');
+  Play("<Alt+H>");
   ASSERT_NE(QApplication::activePopupWidget(), nullptr) << "letters that the page does not use are the menus'";
   QApplication::activePopupWidget()->close();
 }
@@ -190,7 +96,7 @@ TEST_F(TemplateKeys, TabWalksEveryPageInReadingOrder) {
     const QWidget* tabs = Child<QTabWidget>("TabStrip").tabBar();
     Child<QTabWidget>("TabStrip").tabBar()->setFocus();
     std::string walked;
-    for (Press(Qt::Key_Tab); QApplication::focusWidget() != tabs && walked.size() < 500; Press(Qt::Key_Tab))
+    for (Play("<Tab>"); QApplication::focusWidget() != tabs && walked.size() < 500; Play("<Tab>"))
       walked += QApplication::focusWidget()->objectName().toStdString() + ' ';
     EXPECT_EQ(walked, order);
   }

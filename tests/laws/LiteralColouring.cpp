@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "rich_text/Encoding.h"
 #include "rich_text/StyledText.h"
+#include "tests/support/Characters.h"
 
 namespace laws {
 namespace {
@@ -49,22 +49,6 @@ Units TextUnits(std::string_view text) {
   return units;
 }
 
-Units WordUnits(std::string_view word) {
-  Units units;
-  for (std::size_t i = 0; i < word.size();) {
-    const rich_text::CodePoint point = rich_text::CodePointAt(word, i);
-    units += point.Value;
-    i += point.Bytes;
-  }
-  return units;
-}
-
-std::string ToUtf8(const Units& units) {
-  std::string text;
-  for (const char32_t unit : units) rich_text::AppendUtf8(text, unit);
-  return text;
-}
-
 /// The 1-based position of `word` in `units` at or after `start`; 0 if there is none. Nothing is found nowhere.
 std::size_t InStr(std::size_t start, const Units& units, const Units& word) {
   if (word.empty() || start > units.size()) return 0;
@@ -88,10 +72,10 @@ class LiteralTemplate {
  public:
   explicit LiteralTemplate(const templates::TemplateFields& fields)
       : m_caseSensitive(fields.CaseSensitive), m_colours(static_cast<int>(fields.Colours.size())) {
-    for (const std::string& delimeter : fields.Delimeters) m_delimeters += WordUnits(delimeter);
+    for (const std::string& delimeter : fields.Delimeters) m_delimeters += tests::FromUtf8(delimeter);
     for (const auto& word : fields.ColWords) AddWord(*word);
     for (const auto& word : fields.Words) {
-      AllActions.push_back(CaseFold(WordUnits(word->Name)));
+      AllActions.push_back(CaseFold(tests::FromUtf8(word->Name)));
       if (CapturesSynonyms(*word)) Capturing.push_back(AllActions.back());
     }
   }
@@ -146,8 +130,8 @@ class LiteralTemplate {
   }
 
   void AddWord(const templates::colWord& word) {
-    LiteralWord literal{WordUnits(word.StartWord),
-                        WordUnits(word.EndWord),
+    LiteralWord literal{tests::FromUtf8(word.StartWord),
+                        tests::FromUtf8(word.EndWord),
                         {},
                         {},
                         word.EndPoint,
@@ -341,7 +325,7 @@ class LinePass {
   void Keep(const Units& word, const Units& second) {
     const std::vector<Units>& names = m_template.AllActions;
     if (std::find(names.begin(), names.end(), m_template.CaseFold(second)) != names.end())
-      m_result.Captured.emplace_back(ToUtf8(word), ToUtf8(second));
+      m_result.Captured.emplace_back(tests::ToUtf8(word), tests::ToUtf8(second));
   }
 
   const LiteralTemplate& m_template;

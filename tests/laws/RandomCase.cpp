@@ -187,22 +187,6 @@ class Shrinker {
 
 }  // namespace
 
-std::string ToUtf8(const std::u32string& characters) {
-  std::string text;
-  for (const char32_t character : characters) rich_text::AppendUtf8(text, character);
-  return text;
-}
-
-std::u32string FromUtf8(std::string_view text) {
-  std::u32string characters;
-  for (std::size_t i = 0; i < text.size();) {
-    const rich_text::CodePoint point = rich_text::CodePointAt(text, i);
-    characters += point.Value;
-    i += point.Bytes;
-  }
-  return characters;
-}
-
 std::string Visible(std::string_view text) {
   std::string visible;
   for (const char c : text) {

@@ -8,13 +8,16 @@
 
 #include "Dice.h"
 #include "templates/Model.h"
+#include "tests/support/Characters.h"
 
 namespace laws {
+
+using tests::FromUtf8, tests::ToUtf8;
 
 /// A template and a text, kept apart into characters so that single ones can be left out.
 struct RandomCase {
   struct ColourWord {
-    std::u32string Start, End;
+    std::u32string Start, End = {};
     int EndPoint = 0, Colour = 1;
     bool Include = true;
   };
@@ -42,8 +45,6 @@ RandomCase MakeRandomCase(Dice& dice);
 /// Leaves out words, delimiters and characters as long as `breaks` still says true.
 RandomCase Shrink(RandomCase broken, const std::function<bool(const RandomCase&)>& breaks);
 
-std::string ToUtf8(const std::u32string& characters);
-std::u32string FromUtf8(std::string_view text);
 /// The text on one line: control characters as "\n", "\r", "\t" or "\x..".
 std::string Visible(std::string_view text);
 

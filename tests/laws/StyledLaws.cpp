@@ -1,16 +1,9 @@
 #include "StyledLaws.h"
 
-#include "rich_text/Encoding.h"
+#include "tests/support/Characters.h"
 
 namespace laws {
 namespace {
-
-/// Whether `offset` lies between two characters, and not inside CR LF.
-bool IsBoundary(const std::string& text, std::size_t offset) {
-  if (offset == text.size()) return true;
-  if ((static_cast<unsigned char>(text[offset]) & 0xC0) == 0x80) return false;
-  return !(offset > 0 && text[offset] == '\n' && text[offset - 1] == '\r');
-}
 
 std::string Told(const StyledCharacter& character) {
   return "U+" + std::to_string(static_cast<unsigned>(character.first)) + " (decimal) in colour " +
@@ -43,7 +36,7 @@ std::string FaultOf(const rich_text::StyledText& styled) {
     if (run.Start < end) return name + "begins before its predecessor's end";
     if (run.End > styled.Text.size()) return name + "reaches behind the text";
     if (run.Colour < 1 || run.Colour > styled.Colours.size()) return name + "has no colour";
-    if (!IsBoundary(styled.Text, run.Start) || !IsBoundary(styled.Text, run.End))
+    if (tests::IsInside(styled.Text, run.Start) || tests::IsInside(styled.Text, run.End))
       return name + "cuts a character or a line end";
     end = run.End;
   }

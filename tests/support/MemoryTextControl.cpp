@@ -4,7 +4,7 @@
 #include <map>
 
 #include "rich_text/Encoding.h"
-#include "rich_text/Rtf.h"
+#include "tests/support/Characters.h"
 
 namespace tests {
 namespace {
@@ -238,15 +238,11 @@ void MemoryTextControl::Type(std::string_view characters) {
 
 /// The offset of the neighbouring character; a CR LF pair is one.
 std::size_t MemoryTextControl::Step(std::size_t offset, bool backwards) const {
-  const auto isInside = [&](std::size_t at) {
-    return at > 0 && at < m_text.size() &&
-           ((static_cast<unsigned char>(m_text[at]) & 0xC0) == 0x80 || (m_text[at] == '\n' && m_text[at - 1] == '\r'));
-  };
   std::size_t at = offset;
   do {
     if (at == (backwards ? 0 : m_text.size())) return at;
     at = backwards ? at - 1 : at + 1;
-  } while (isInside(at));
+  } while (IsInside(m_text, at));
   return at;
 }
 

@@ -10,6 +10,19 @@
 
 namespace tests {
 
+/// Hears everything and does nothing.
+class SilentEvents : public platform::TextControlEvents {
+ public:
+  bool KeyDown(int, int) override { return false; }
+  bool KeyPress(char32_t) override { return false; }
+  void KeyUp(int, int) override {}
+  void Change(const platform::TextChange&) override {}
+  void SelChange() override {}
+  bool MouseDown(int, int, int, int) override { return false; }
+  void MouseUp(int, int, int, int) override {}
+  void FilesDropped(const std::vector<std::string>&) override {}
+};
+
 class MemoryTextControl : public platform::TextControl {
  public:
   void SetEvents(platform::TextControlEvents* events) override { m_events = events; }

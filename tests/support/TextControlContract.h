@@ -16,6 +16,7 @@
 #include "rich_text/Encoding.h"
 #include "rich_text/Rtf.h"
 #include "tests/laws/Dice.h"
+#include "tests/support/Characters.h"
 
 namespace tests {
 
@@ -75,9 +76,8 @@ class RecordedEvents : public platform::TextControlEvents {
 /// The offsets at which a text may be cut: between characters, but not between CR and LF.
 inline std::vector<std::size_t> CuttingOffsets(const std::string& text) {
   std::vector<std::size_t> offsets;
-  for (std::size_t i = 0; i < text.size(); i += rich_text::CodePointAt(text, i).Bytes)
-    if (i == 0 || text[i] != '\n' || text[i - 1] != '\r') offsets.push_back(i);
-  offsets.push_back(text.size());
+  for (std::size_t i = 0; i <= text.size(); ++i)
+    if (!IsInside(text, i)) offsets.push_back(i);
   return offsets;
 }
 

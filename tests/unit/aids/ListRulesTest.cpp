@@ -138,7 +138,6 @@ TEST(ListRules, AListGrowsWithItsRowsUpToItsGreatestHeight) {
     SCOPED_TRACE(c.Rows);
     EXPECT_EQ(size.Width, c.Width);
     EXPECT_EQ(size.Height, c.Height);
-    EXPECT_EQ(size.ColumnWidth, 15 * 30 + 600);
     EXPECT_EQ(size.RowHeight, c.RowHeight);
     EXPECT_EQ(size.Scrolls, c.Scrolls);
   }

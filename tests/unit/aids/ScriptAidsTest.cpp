@@ -11,6 +11,7 @@
 #include "aids/WordHelp.h"
 #include "platform/Files.h"
 #include "tests/support/FakeFrame.h"
+#include "tests/support/FakeShell.h"
 #include "tests/support/MemoryTextControl.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -20,15 +21,6 @@ using namespace aids;
 using platform::PromptAnswer;
 using platform::PromptButtons;
 using platform::PromptIcon;
-
-struct FakeShell : platform::Shell {
-  int Result = 42;
-  std::vector<std::string> Runs;  ///< "program|arguments"
-  int ShellExecute(const std::string& program, const std::string& arguments) override {
-    Runs.push_back(program + '|' + arguments);
-    return Result;
-  }
-};
 
 TEST(CommandLines, AreTakenApartAndFilledIn) {
   struct Case {
@@ -61,7 +53,7 @@ struct Desk {
   tests::MemoryTextControl Control;
   editor::DocumentState State;
   tests::FakeFrame Frame;
-  FakeShell Shell;
+  tests::FakeShell Shell;
 
   Desk() {
     State.Template.Delimeters = {" ", "(", ")", "\r", "\n"};
@@ -170,14 +162,14 @@ TEST(DocumentSynonyms, AreSavedLoadedAddedAndAskedAbout) {
 
   synonyms.Replace(platform::PairRows({{"w", "first"}, {"W", "second"}}));
   EXPECT_EQ(desk.State.Template.Synonyms.Count(), 1U);
-  const platform::MessageBox question{.Text = "Save changes to current set of Synonyms?",
-                                      .Buttons = PromptButtons::YesNoCancel,
-                                      .Icon = PromptIcon::Question,
-                                      .Default = PromptAnswer::Cancel};
-  desk.Frame.Questions.Expect(question, PromptAnswer::Cancel);
+  const auto expect = [&](PromptAnswer answer) {
+    desk.Frame.Questions.ExpectQuestion("Save changes to current set of Synonyms?", PromptButtons::YesNoCancel,
+                                        PromptAnswer::Cancel, answer);
+  };
+  expect(PromptAnswer::Cancel);
   synonyms.LoadSynonyms(path);
   EXPECT_EQ(desk.State.Template.Synonyms.Item("w")->Synonym, "second");
-  desk.Frame.Questions.Expect(question, PromptAnswer::No);
+  expect(PromptAnswer::No);
   synonyms.LoadSynonyms(path);
   EXPECT_EQ(desk.State.Template.Synonyms.Item("obj")->Synonym, "Window");
   const std::string other = folder.Write("b.syn", "something else\n");

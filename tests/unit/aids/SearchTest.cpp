@@ -4,30 +4,17 @@
 
 #include "aids/DocumentSearch.h"
 #include "aids/FindDialog.h"
-#include "rich_text/Encoding.h"
 #include "tests/laws/Dice.h"
+#include "tests/support/Characters.h"
 #include "tests/support/MemoryTextControl.h"
 #include "tests/support/ScriptedPrompts.h"
 
 namespace {
 
 using namespace aids;
-
-std::u32string FromUtf8(std::string_view text) {
-  std::u32string characters;
-  for (std::size_t i = 0; i < text.size();) {
-    const rich_text::CodePoint point = rich_text::CodePointAt(text, i);
-    characters += point.Value;
-    i += point.Bytes;
-  }
-  return characters;
-}
-
-std::string ToUtf8(const std::u32string& characters) {
-  std::string text;
-  for (const char32_t c : characters) rich_text::AppendUtf8(text, c);
-  return text;
-}
+using tests::FromUtf8, tests::ToUtf8;
+using Outcome = FindDialog::Outcome;
+using platform::PromptAnswer;
 
 /// The rules as they are told; offsets are characters of the text.
 struct Model {
@@ -141,6 +128,17 @@ struct Desk : SearchedDocument {
     Control.SetText(text);
     Dialog.SetParentForm(this);
   }
+  void ExpectGoingOn(const char* question, PromptAnswer answer) {
+    Prompts.Expect(
+        {question, "Find", platform::PromptButtons::YesNo, platform::PromptIcon::Question, PromptAnswer::Yes}, answer);
+  }
+
+  void ExpectReplaced(const std::string& count) {
+    Prompts.Expect({.Text = "Replace Complete.  " + count + " were made.",
+                    .Title = "Replace",
+                    .Icon = platform::PromptIcon::Information});
+  }
+
   bool Coloured = true;
   DocumentSearch& Search() override { return Searching; }
   bool MayEdit() const override { return Coloured; }
@@ -152,9 +150,6 @@ struct Desk : SearchedDocument {
   }
 };
 
-using Outcome = FindDialog::Outcome;
-using platform::PromptAnswer;
-
 TEST(FindDialog, AllGoesFromTheTopThenDownAndAsksAtTheEnd) {
   Desk desk("one two one");
   desk.Control.SetSelStart(6);
@@ -163,12 +158,7 @@ TEST(FindDialog, AllGoesFromTheTopThenDownAndAsksAtTheEnd) {
   EXPECT_EQ(desk.Control.SelStart(), 0U);
   EXPECT_EQ(desk.Dialog.Find(fields), Outcome::Found);
   EXPECT_EQ(desk.Control.SelStart(), 8U);
-  desk.Prompts.Expect({.Text = "\"one\" not found, continue search from beginning of document?",
-                       .Title = "Find",
-                       .Buttons = platform::PromptButtons::YesNo,
-                       .Icon = platform::PromptIcon::Question,
-                       .Default = PromptAnswer::Yes},
-                      PromptAnswer::Yes);
+  desk.ExpectGoingOn("\"one\" not found, continue search from beginning of document?", PromptAnswer::Yes);
   EXPECT_EQ(desk.Dialog.Find(fields), Outcome::Found);
   EXPECT_EQ(desk.Control.SelStart(), 0U);
   desk.Dialog.Find(fields);
@@ -206,22 +196,12 @@ TEST(FindDialog, NothingIsReplacedWhileTheTextIsBeingColoured) {
 TEST(FindDialog, UpAsksToGoOnFromTheEndAndFindNextRepeats) {
   Desk desk("a b a b");
   desk.Control.SetSelStart(0);
-  desk.Prompts.Expect({.Text = "\"a\" not found, continue search from end of document?",
-                       .Title = "Find",
-                       .Buttons = platform::PromptButtons::YesNo,
-                       .Icon = platform::PromptIcon::Question,
-                       .Default = PromptAnswer::Yes},
-                      PromptAnswer::Yes);
+  desk.ExpectGoingOn("\"a\" not found, continue search from end of document?", PromptAnswer::Yes);
   EXPECT_EQ(desk.Dialog.Find({.FindWord = "a", .DirectionIndex = 1}), Outcome::Found);
   EXPECT_EQ(desk.Control.SelStart(), 4U);
   desk.Searching.FindNext(desk.Prompts);
   EXPECT_EQ(desk.Control.SelStart(), 0U);
-  desk.Prompts.Expect({.Text = "\"a\" not found, continue search from end of document?",
-                       .Title = "Find",
-                       .Buttons = platform::PromptButtons::YesNo,
-                       .Icon = platform::PromptIcon::Question,
-                       .Default = PromptAnswer::Yes},
-                      PromptAnswer::No);
+  desk.ExpectGoingOn("\"a\" not found, continue search from end of document?", PromptAnswer::No);
   desk.Searching.FindNext(desk.Prompts);
   EXPECT_EQ(desk.Dialog.Remembered({}).DirectionIndex, 1);
 }
@@ -239,16 +219,10 @@ TEST(FindDialog, ReplacesWhatIsFoundAndCountsAll) {
   EXPECT_EQ(desk.Control.SelStart(), 7U);
   desk.Dialog.FindWordEdited();
   EXPECT_FALSE(desk.Dialog.ReplaceEnabled());
-  desk.Prompts.Expect({.Text = "Replace Complete.  3 replacements were made.",
-                       .Title = "Replace",
-                       .Icon = platform::PromptIcon::Information},
-                      PromptAnswer::Ok);
+  desk.ExpectReplaced("3 replacements");
   desk.Dialog.ReplaceAll(fields);
   EXPECT_EQ(desk.Control.Text(), "foofoofoofoo(foofoo) Foo");
-  desk.Prompts.Expect({.Text = "Replace Complete.  1 replacement were made.",
-                       .Title = "Replace",
-                       .Icon = platform::PromptIcon::Information},
-                      PromptAnswer::Ok);
+  desk.ExpectReplaced("1 replacement");
   desk.Dialog.ReplaceAll({.FindWord = "FOO", .ReplaceWord = "x", .WholeWord = true});
   EXPECT_EQ(desk.Control.Text(), "foofoofoofoo(foofoo) x");
 }

@@ -2,21 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/Failure.h"
 #include "templates/Model.h"
+#include "tests/support/FailureCode.h"
 
 namespace {
 
 using editor::BuildColourTable;
 using editor::DocColours;
-
-int CodeOf(DocColours& colours, int k, const std::vector<rich_text::ColourValue>& palette) {
-  try {
-    return 1000 + colours.MapColour(k, palette);
-  } catch (const platform::Failure& failure) {
-    return failure.Code();
-  }
-}
 
 TEST(ColourTable, IsBuiltOfTheTemplatesColours) {
   EXPECT_EQ(BuildColourTable({}), "}");
@@ -39,8 +31,9 @@ TEST(ColourTable, MapsIntoTheDocumentsTableFirst) {
   EXPECT_EQ(colours.MapColour(2, palette), 3);
   EXPECT_EQ(colours.MapColour(4, palette), 2) << "added once";
   EXPECT_EQ(colours.MapColour(6, palette), 3) << "equal colours are one";
-  for (const int k : {-1, 0, 5, 7, 32767}) EXPECT_EQ(CodeOf(colours, k, palette), platform::Failure::OutOfRange) << k;
-  EXPECT_EQ(CodeOf(colours, 1, {}), platform::Failure::OutOfRange);
+  for (const int k : {-1, 0, 5, 7, 32767})
+    EXPECT_EQ(tests::CodeOf([&] { colours.MapColour(k, palette); }), platform::Failure::OutOfRange) << k;
+  EXPECT_EQ(tests::CodeOf([&] { colours.MapColour(1, {}); }), platform::Failure::OutOfRange);
 
   const std::string added = "\\red0\\green0\\blue255;\\red0\\green255\\blue0;}";
   EXPECT_EQ(colours.MergeColourTable(red + "\\deflang1033 "),

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "rich_text/Rtf.h"
 #include "templates/Loader.h"
+#include "tests/support/Characters.h"
 #include "tests/support/FakeFrame.h"
 #include "tests/support/MemoryTextControl.h"
 #include "tests/support/TextControlContract.h"
@@ -32,20 +32,13 @@ class ColouringTest : public testing::Test {
     m_colouring.TemplateChanged();
   }
 
-  /// One sign a character: the number of its colour, "." for none, "?" for one of another template, "|" for a line end.
+  /// One sign a byte: the number of its colour, "." for none, "?" for one of another template, "|" for a line end.
   std::string Picture() const {
-    const rich_text::StyledText styled = rich_text::ReadRtf(m_control.TextRTF());
-    std::string picture(styled.Text.size(), '.');
-    const auto& palette = m_state.Template.Colours;
-    for (const rich_text::ColourRun& run : styled.Runs) {
-      const auto place = std::find(palette.begin(), palette.end(), styled.Colours[run.Colour - 1]) - palette.begin();
-      const bool isKnown = place < static_cast<std::ptrdiff_t>(palette.size());
-      picture.replace(run.Start, run.End - run.Start, run.End - run.Start,
-                      isKnown ? static_cast<char>('1' + place) : '?');
-    }
-    for (std::size_t i = 0; i < picture.size(); ++i)
-      if (styled.Text[i] == '\n') picture[i] = '|';
-    return picture;
+    return tests::ColourPicture(m_control, [&](rich_text::ColourValue colour) {
+      const auto& palette = m_state.Template.Colours;
+      const auto place = std::find(palette.begin(), palette.end(), colour);
+      return place == palette.end() ? '?' : static_cast<char>('1' + (place - palette.begin()));
+    });
   }
 
   tests::MemoryTextControl m_control;

@@ -2,10 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "editor/Document.h"
-#include "tests/support/FakeFrame.h"
-#include "tests/support/MemoryTextControl.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/support/DocumentFixture.h"
 
 namespace {
 
@@ -17,23 +14,14 @@ constexpr const char* Definition =
     "T: 4\nif\r\n\nN: Sample\nX: smp;sam\nR: run \"%s\"\nD: ()\nF: 0\nC: #0000FF\nL: if 0  1 True\nW: \"if\" 0\n"
     "Y: \"wenn\" \"if\"\n";
 
-class DocumentTemplateTest : public testing::Test {
+class DocumentTemplateTest : public tests::DocumentFixture {
  protected:
   DocumentTemplateTest() { m_frame.Values.DefaultFontType = 1; }
 
   const templates::TemplateFields& Fields() const { return m_document.State().Template; }
   bool IsColoured() const { return m_control.TextRTF().find("\\red255") != std::string::npos; }
-  void OpenText(const std::string& name, const std::string& text) {
-    m_document.OpenFile(m_folder.Write(name, text));
-    m_frame.Bar.Take();
-  }
 
-  tests::TemporaryFolder m_folder;
   std::string m_sample = m_folder.Write("Sample.def", Definition);
-  tests::MemoryTextControl m_control;
-  tests::FakeFrame m_frame;
-  tests::FakeWindow m_window;
-  editor::Document m_document{m_control, m_frame, m_window};
 };
 
 TEST_F(DocumentTemplateTest, FillsEverythingAndANewDocument) {
@@ -110,12 +98,10 @@ TEST_F(DocumentTemplateTest, OffersTheTemplateForTheExtension) {
   };
   for (const Case& c : {Case{"a.b.xyz", "xyz", PromptAnswer::Yes}, Case{"c.xyz", "xyz", PromptAnswer::No},
                         Case{"Makefile", "", PromptAnswer::Yes}}) {
-    OpenText(c.File, "x");
+    Open("x", c.File);
     m_document.SetTemplateChosen(true);
     m_frame.Associations.clear();
-    m_frame.Questions.Expect({"Would you like to use this template for all ." + std::string(c.Extension) + " files?",
-                              "Quillmark", PromptButtons::YesNo, PromptIcon::Question, PromptAnswer::Yes},
-                             c.Answer);
+    m_frame.Questions.ExpectAssociating(c.Extension, c.Answer);
     m_document.SetTemplate(m_sample);
     const bool yes = c.Answer == PromptAnswer::Yes;
     const std::vector<std::string> expected = {std::string(c.Extension) + "  " + m_sample};
@@ -123,7 +109,7 @@ TEST_F(DocumentTemplateTest, OffersTheTemplateForTheExtension) {
     EXPECT_EQ(Fields().TemplateChosen, !yes) << c.File;
   }
   m_frame.Known["xyz"] = "Any.def";
-  OpenText("c.xyz", "x");
+  Open("x", "c.xyz");
   m_document.SetTemplate(m_sample);  // asks nothing
 }
 

@@ -1,43 +1,30 @@
 // Another program changes, replaces or removes the file of an open document.
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include "editor/Document.h"
 #include "editor/TextDifference.h"
 #include "tests/laws/Dice.h"
-#include "tests/support/FakeFrame.h"
-#include "tests/support/MemoryTextControl.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/support/Characters.h"
+#include "tests/support/DocumentFixture.h"
 
 namespace {
 
 using platform::PromptAnswer;
+using tests::IsInside;
 
-class FileOnDiskTest : public testing::Test {
+class FileOnDiskTest : public tests::DocumentFixture {
  protected:
   FileOnDiskTest() { m_document.OpenFile(m_path); }
 
   void Expect(const std::string& text, PromptAnswer byDefault, PromptAnswer answer) {
-    m_frame.Questions.Expect({'"' + m_path + '"' + text, "Quillmark", platform::PromptButtons::YesNo,
-                              platform::PromptIcon::Question, byDefault},
-                             answer);
-  }
-  void Append(const std::string& text) {
-    m_control.SetSelStart(m_control.Length());
-    m_control.SetSelText(text);
+    m_frame.Questions.ExpectQuestion('"' + m_path + '"' + text, platform::PromptButtons::YesNo, byDefault, answer);
   }
   bool Save() { return m_document.SaveFile(m_path); }
 
   static constexpr const char* Changed = " has been changed by another program.";
   static constexpr const char* Gone = " has been deleted or moved by another program.  Save it again?";
 
-  tests::TemporaryFolder m_folder;
   std::string m_path = m_folder.Write("file", "first\nline\n");
-  tests::MemoryTextControl m_control;
-  tests::FakeFrame m_frame;
-  tests::FakeWindow m_window;
-  editor::Document m_document{m_control, m_frame, m_window};
 };
 
 TEST_F(FileOnDiskTest, ReloadingIsAnEditOfWhatDiffers) {
@@ -130,9 +117,6 @@ TEST_F(FileOnDiskTest, ACopyThatABrokenSaveLeftIsTold) {
 TEST(TextDifference, RandomTextsDifferWhereTheRangeSays) {
   laws::Dice dice(11);
   const std::vector<std::string> pieces = {"a", "b", "\r", "\n", "\r\n", "é", "è", "€", "😀", "😁"};
-  const auto isInside = [](const std::string& text, std::size_t at) {
-    return at > 0 && at < text.size() && ((text[at] & 0xC0) == 0x80 || (text[at - 1] == '\r' && text[at] == '\n'));
-  };
   for (int count = 0; count < 20'000; ++count) {
     std::string texts[2];
     for (std::string& text : texts)
@@ -142,8 +126,8 @@ TEST(TextDifference, RandomTextsDifferWhereTheRangeSays) {
     changed.replace(d.Start, d.OldEnd - d.Start, texts[1].substr(d.Start, d.NewEnd - d.Start));
     ASSERT_EQ(changed, texts[1]);
     ASSERT_EQ(d.IsEmpty(), texts[0] == texts[1]);
-    ASSERT_FALSE(isInside(texts[0], d.Start) || isInside(texts[1], d.Start) || isInside(texts[0], d.OldEnd) ||
-                 isInside(texts[1], d.NewEnd))
+    ASSERT_FALSE(IsInside(texts[0], d.Start) || IsInside(texts[1], d.Start) || IsInside(texts[0], d.OldEnd) ||
+                 IsInside(texts[1], d.NewEnd))
         << texts[0] << '|' << texts[1];
   }
 }

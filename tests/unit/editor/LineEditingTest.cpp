@@ -7,15 +7,12 @@
 
 #include <algorithm>
 
-#include "editor/Document.h"
 #include "editor/rtfscan/Scanners.h"
-#include "rich_text/Rtf.h"
 #include "templates/Loader.h"
 #include "tests/laws/Dice.h"
-#include "tests/support/FakeFrame.h"
+#include "tests/support/Characters.h"
+#include "tests/support/DocumentFixture.h"
 #include "tests/support/FakePopups.h"
-#include "tests/support/MemoryTextControl.h"
-#include "tests/support/TemporaryFolder.h"
 #include "tests/support/TextControlContract.h"
 
 namespace {
@@ -25,7 +22,7 @@ constexpr const char* Definition =
     "L: if 0  1 True\nL: /* 2 */ 2 True\nL: // 1  2 True\nL: \" 2 \" 1 False\n";
 
 /// The rules as they are told. Only what colours lines is the program's own, which has a literal model elsewhere.
-class LiteralEditing : public platform::TextControlEvents {
+class LiteralEditing : public tests::SilentEvents {
  public:
   explicit LiteralEditing(const settings::Settings& settings) : m_settings(settings) {
     templates::CollectedMessages messages;
@@ -89,13 +86,6 @@ class LiteralEditing : public platform::TextControlEvents {
     m_state.EditedLine = 0;
   }
 
-  bool KeyDown(int, int) override { return false; }
-  bool KeyPress(char32_t) override { return false; }
-  void KeyUp(int, int) override {}
-  bool MouseDown(int, int, int, int) override { return false; }
-  void MouseUp(int, int, int, int) override {}
-  void FilesDropped(const std::vector<std::string>&) override {}
-
  private:
   std::int64_t Line() const { return static_cast<std::int64_t>(m_control.LineOf(m_control.SelStart())); }
   bool Colours() const { return m_settings.UseColours || m_settings.ReducedColours; }
@@ -127,7 +117,7 @@ class LiteralEditing : public platform::TextControlEvents {
   editor::Colouring m_colouring{{m_control, m_status, m_loop, m_settings}, m_state};
 };
 
-class LineEditingTest : public testing::Test {
+class LineEditingTest : public tests::DocumentFixture {
  protected:
   LineEditingTest() {
     m_document.SetPopups(m_popups);
@@ -140,7 +130,7 @@ class LineEditingTest : public testing::Test {
     m_frame.Values.ReducedColours = dice.Chance(60);
     LiteralEditing literal(m_frame.Values);
     const std::string start = Piece(dice, 40);
-    m_document.OpenFile(m_folder.Write("t.txt", start));
+    Open(start);
     literal.Open(start);
     m_document.State().EditedLine = 0;
     m_document.State().KeyTyped = false;
@@ -175,25 +165,9 @@ class LineEditingTest : public testing::Test {
     return piece;
   }
 
-  /// One sign a byte: "c" with a colour, "." without, "|" for a line end.
-  std::string Picture() const {
-    std::string picture;
-    const std::string text = m_control.Text();
-    const auto runs = rich_text::ReadRtf(m_control.TextRTF()).Runs;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-      const bool isColoured =
-          std::any_of(runs.begin(), runs.end(), [&](const auto& run) { return run.Start <= i && i < run.End; });
-      picture += text[i] == '\n' ? '|' : isColoured ? 'c' : '.';
-    }
-    return picture;
-  }
+  std::string Picture() const { return tests::ColourPicture(m_control); }
 
-  tests::MemoryTextControl m_control;
-  tests::FakeFrame m_frame;
-  tests::FakeWindow m_window;
   tests::FakePopups m_popups;
-  tests::TemporaryFolder m_folder;
-  editor::Document m_document{m_control, m_frame, m_window};
   int m_wentPlain = 0;
 };
 
@@ -205,38 +179,8 @@ TEST_F(LineEditingTest, AnyEditsAndMovesColourAsTheRulesSay) {
   EXPECT_GT(m_wentPlain, 500);
 }
 
-TEST_F(LineEditingTest, TheFourModes) {
-  struct Case {
-    bool UseColours, ReducedColours;
-    std::string Opened, Typed, Left, Opener;
-  };
-  // An "x" is typed into the first line and the caret leaves it; then "/*" is put before the second, and left, too.
-  const std::vector<Case> cases = {
-      {false, false, "....|....|...", ".....|....|...", ".....|....|...", ".....|......|..."},
-      {false, true, "....|....|...", ".....|....|...", "cc...|cc..|...", "cc...|cccccc|..."},
-      {true, true, "cc..|cc..|...", ".....|cc..|...", "cc...|cc..|...", "cc...|cccccc|..."},
-      {true, false, "cc..|cc..|...", ".....|cc..|...", "cc...|cc..|...", "cc...|cccccc|ccc"},
-  };
-  for (const Case& c : cases) {
-    m_frame.Values.UseColours = c.UseColours;
-    m_frame.Values.ReducedColours = c.ReducedColours;
-    m_document.OpenFile(m_folder.Write("t.txt", "if a\nif b\nx y"));
-    EXPECT_EQ(Picture(), c.Opened);
-    m_control.SetSelStart(4);
-    m_control.Type("x");
-    EXPECT_EQ(Picture(), c.Typed);
-    m_control.SetSelStart(12);
-    EXPECT_EQ(Picture(), c.Left);
-    m_control.SetSelStart(6);
-    m_control.Type("/*");
-    EXPECT_EQ(Picture().substr(6, 6), "......") << "plain while it is edited";
-    m_control.SetSelStart(0);
-    EXPECT_EQ(Picture(), c.Opener);
-  }
-}
-
 TEST_F(LineEditingTest, WritingForTheUserHasToBeSavedAndColouringHasNot) {
-  m_document.OpenFile(m_folder.Write("t.txt", "if\n"));
+  Open("if\n");
   m_document.ColourScan();
   EXPECT_TRUE(m_document.State().Saved);
   m_document.State().DontChange = true;

@@ -49,13 +49,6 @@ class Session {
       if (timer->Interval() > 0 && timer->Interval() < 5000) return true;
     return false;
   }
-  void ExpectClosing(const std::string& caption, PromptAnswer answer) {
-    Frame.Questions.Expect({.Text = "Save changes to " + caption + " before closing?",
-                            .Buttons = platform::PromptButtons::YesNoCancel,
-                            .Icon = platform::PromptIcon::Question,
-                            .Default = PromptAnswer::Cancel},
-                           answer);
-  }
 
   RecoveryStore Store;
   tests::FakeFrame Frame;
@@ -143,10 +136,10 @@ TEST_F(RecoveryTest, TheJournalGoesOnlyWhenTheTextIsSafeOrNotWanted) {
   session.Frame.Questions.ExpectAnyBox();
   EXPECT_FALSE(session.Document->SaveFile(missing));
   EXPECT_EQ(journals(), 1u) << "the save failed";
-  session.ExpectClosing("file.txt", PromptAnswer::Cancel);
+  session.Frame.Questions.ExpectClosing("file.txt", PromptAnswer::Cancel);
   EXPECT_FALSE(session.Document->MayClose());
   EXPECT_EQ(journals(), 1u) << "it stays open";
-  session.ExpectClosing("file.txt", PromptAnswer::No);
+  session.Frame.Questions.ExpectClosing("file.txt", PromptAnswer::No);
   EXPECT_TRUE(session.Document->MayClose());
   EXPECT_EQ(journals(), 0u) << "the user wants none of it";
   EXPECT_EQ(m_folder.Read("file.txt"), "old!");

@@ -4,11 +4,9 @@
 
 #include <gtest/gtest.h>
 
-#include "editor/Document.h"
 #include "tests/laws/Dice.h"
-#include "tests/support/FakeFrame.h"
-#include "tests/support/MemoryTextControl.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/support/Characters.h"
+#include "tests/support/DocumentFixture.h"
 
 namespace {
 
@@ -19,9 +17,7 @@ using Records = std::vector<cUndoElement>;
 std::vector<std::string> Characters(const std::string& text) {
   std::vector<std::string> characters;
   for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool goesOn = (static_cast<unsigned char>(text[i]) & 0xC0) == 0x80;
-    const bool endsPair = text[i] == '\n' && i > 0 && text[i - 1] == '\r';
-    if (characters.empty() || !(goesOn || endsPair)) characters.emplace_back();
+    if (!tests::IsInside(text, i)) characters.emplace_back();
     characters.back() += text[i];
   }
   return characters;
@@ -79,7 +75,7 @@ class Author {
     const std::size_t first = Place(text), second = m_dice.Chance(50) ? first : Place(text);
     std::size_t end = std::max(first, second);
     if (m_dice.Chance(80)) end = std::min(first, second) + (end - std::min(first, second)) % 4;
-    while (end < text.size() && Inside(text, end)) ++end;
+    while (tests::IsInside(text, end)) ++end;
     control.SetSelStart(std::min(first, second));
     control.SetSelLength(end - std::min(first, second));
     control.SetSelText(m_dice.Chance(30) ? "" : m_dice.Chance(20) ? control.SelText() : Text(4));
@@ -88,27 +84,14 @@ class Author {
   laws::Dice& Dice() { return m_dice; }
 
  private:
-  static bool Inside(const std::string& text, std::size_t at) {
-    return at > 0 &&
-           ((static_cast<unsigned char>(text[at]) & 0xC0) == 0x80 || (text[at] == '\n' && text[at - 1] == '\r'));
-  }
-
   laws::Dice m_dice;
 };
 
 /// A control with a history of its own.
-class Listener : public platform::TextControlEvents {
+class Listener : public tests::SilentEvents {
  public:
   Listener() { m_control.SetEvents(this); }
-
-  bool KeyDown(int, int) override { return false; }
-  bool KeyPress(char32_t) override { return false; }
-  void KeyUp(int, int) override {}
   void Change(const platform::TextChange& change) override { m_history.RecordChange(change); }
-  void SelChange() override {}
-  bool MouseDown(int, int, int, int) override { return false; }
-  void MouseUp(int, int, int, int) override {}
-  void FilesDropped(const std::vector<std::string>&) override {}
 
   tests::MemoryTextControl m_control;
   editor::DocumentState m_state;
@@ -150,23 +133,13 @@ TEST(UndoHistoryLaws, RecordsAreThoseOfComparingWholeTextsAndBothEndsComeBack) {
   EXPECT_GT(records, edits / 8);
 }
 
-class UndoTest : public testing::Test {
+class UndoTest : public tests::DocumentFixture {
  protected:
   void Pause() { m_frame.Timers.front()->Fire(); }
-  void Select(std::size_t start, std::size_t length) {
-    m_control.SetSelStart(start);
-    m_control.SetSelLength(length);
-  }
   std::string Tools() const {
     const auto state = [&](const char* tool) { return m_frame.Enabled.at(tool) ? "on" : "off"; };
     return std::string("undo ") + state("miUndo") + ", redo " + state("miRedo");
   }
-
-  tests::TemporaryFolder m_folder;
-  tests::MemoryTextControl m_control;
-  tests::FakeFrame m_frame;
-  tests::FakeWindow m_window;
-  editor::Document m_document{m_control, m_frame, m_window};
 };
 
 TEST_F(UndoTest, ABurstOfTypingIsOneStepAndTheToolsFollowTheStacks) {
@@ -220,7 +193,7 @@ TEST_F(UndoTest, ChangesThatCancelEachOtherLeaveNoRecord) {
 
 TEST_F(UndoTest, TheProgramsOwnChangesAreNotRecordedAndTheViewStays) {
   m_document.SetTemplate(m_folder.Write("S.def", "N: S\nC: #0000FF\nL: \"word\" 0  1 True\nD: \" \"\n"));
-  m_document.OpenFile(m_folder.Write("file.txt", "word one\nword two\n"));
+  Open("word one\nword two\n");
   m_document.ColourScan();
   Pause();
   EXPECT_EQ(Tools(), "undo off, redo off");

@@ -58,29 +58,6 @@ TEST_F(FilesTest, ReadsAFileThatTellsNoSize) {
   EXPECT_TRUE(content.Bytes.starts_with("Name:"));
 }
 
-TEST_F(FilesTest, WritingKeepsModeAndLinks) {
-  const mode_t mask = ::umask(027);
-  EXPECT_EQ(WriteFile(m_folder.Path("new"), "1"), "");
-  ::umask(mask);
-  EXPECT_EQ(m_folder.Mode("new"), 0640u);
-  m_folder.SetMode("new", 0751);
-  EXPECT_EQ(WriteFile(m_folder.Path("new"), "22"), "");
-  EXPECT_EQ(m_folder.Mode("new"), 0751u);
-  EXPECT_EQ(m_folder.Read("new"), "22");
-
-  std::filesystem::create_directory(m_folder.Path("sub"));
-  std::filesystem::create_symlink("../sub/second", m_folder.Path("sub/first"));
-  std::filesystem::create_symlink(m_folder.Path("new"), m_folder.Path("sub/second"));
-  std::filesystem::create_symlink("born", m_folder.Path("sub/dangling"));
-  EXPECT_EQ(WriteFile(m_folder.Path("sub/first"), "333"), "");
-  EXPECT_EQ(m_folder.Read("new"), "333");
-  EXPECT_EQ(WriteFile(m_folder.Path("sub/dangling"), "4"), "");
-  EXPECT_EQ(m_folder.Read("sub/born"), "4");
-  for (const char* link : {"sub/first", "sub/second", "sub/dangling"})
-    EXPECT_TRUE(std::filesystem::is_symlink(m_folder.Path(link))) << link;
-  EXPECT_EQ(m_folder.EntryCount(), 2u) << "nothing is left beside the files";
-}
-
 TEST_F(FilesTest, AFailedWriteLeavesTheOldFile) {
   m_folder.Write("locked/other", "old");
   m_folder.SetMode("locked", 0555);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/laws/Dice.h"
+#include "tests/support/Characters.h"
 
 namespace {
 
@@ -54,36 +55,14 @@ TEST(Encoding, AnyBytesComeBack) {
 }
 
 TEST(Encoding, WellFormedUtf8) {
-  struct Case {
-    const char* Bytes;
-    bool Valid;
-  };
-  const Case cases[] = {
-      {"", true},
-      {"\x7F", true},
-      {"\x80", false},
-      {"\xC1\xBF", false},
-      {"\xC2\x80", true},
-      {"\xC2", false},
-      {"\xC2\xC0", false},
-      {"\xDF\xBF", true},
-      {"\xE0\x9F\xBF", false},
-      {"\xE0\xA0\x80", true},
-      {"\xED\x9F\xBF", true},
-      {"\xED\xA0\x80", false},
-      {"\xEE\x80\x80", true},
-      {"\xEF\xBF\xBF", true},
-      {"\xF0\x8F\xBF\xBF", false},
-      {"\xF0\x90\x80\x80", true},
-      {"\xF4\x8F\xBF\xBF", true},
-      {"\xF4\x90\x80\x80", false},
-      {"\xF5\x80\x80\x80", false},
-      {"\xFE", false},
-      {"12345678\xE2\x82\xAC", true},
-      {"1234567\xE2\x82\xAC", true},
-      {"12345678\xE2\x82", false},
-  };
-  for (const Case& c : cases) EXPECT_EQ(IsValidUtf8(c.Bytes), c.Valid) << testing::PrintToString(c.Bytes);
+  const char* const good =
+      "|\x7F|\xC2\x80|\xDF\xBF|\xE0\xA0\x80|\xED\x9F\xBF|\xEE\x80\x80|\xEF\xBF\xBF|\xF0\x90\x80\x80|\xF4\x8F\xBF\xBF|"
+      "12345678\xE2\x82\xAC|1234567\xE2\x82\xAC";
+  const char* const bad =
+      "\x80|\xC1\xBF|\xC2|\xC2\xC0|\xE0\x9F\xBF|\xED\xA0\x80|\xF0\x8F\xBF\xBF|\xF4\x90\x80\x80|\xF5\x80\x80\x80|\xFE|"
+      "12345678\xE2\x82";
+  for (const std::string& bytes : tests::Split(good)) EXPECT_TRUE(IsValidUtf8(bytes)) << testing::PrintToString(bytes);
+  for (const std::string& bytes : tests::Split(bad)) EXPECT_FALSE(IsValidUtf8(bytes)) << testing::PrintToString(bytes);
 }
 
 TEST(Encoding, TheMarkIsKeptAside) {

@@ -5,6 +5,7 @@
 #include "settings/AssociationsModel.h"
 #include "settings/FontSetModel.h"
 #include "settings/OptionsModel.h"
+#include "tests/support/Characters.h"
 #include "tests/support/ScriptedPrompts.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -82,30 +83,16 @@ TEST_F(OptionsModelTest, WhatIsNoNumberAndNoChoiceIsToldAndTheRestApplies) {
   EXPECT_TRUE(Model.Accept(form));
   EXPECT_EQ(Values.TabWidth, 4);
   EXPECT_TRUE(Values.UseColours && !Values.ReducedColours && !Values.NewLineForEnter);
-  for (const auto& [text, number] :
-       std::initializer_list<std::pair<const char*, std::optional<int>>>{{"8", 8},
-                                                                         {" +8 ", 8},
-                                                                         {"-2", -2},
-                                                                         {"2.5", 2},
-                                                                         {"3.5", 4},
-                                                                         {"1e2", 100},
-                                                                         {".6", 1},
-                                                                         {"7.", 7},
-                                                                         {"", {}},
-                                                                         {"8x", {}},
-                                                                         {"0x8", {}},
-                                                                         {"inf", {}},
-                                                                         {"1e", {}},
-                                                                         {"+-1", {}},
-                                                                         {"3e9", {}},
-                                                                         {"2147483647", 2147483647}})
-    EXPECT_EQ(ParseNumeric(text), number) << text;
+  const std::pair<const char*, int> numbers[] = {{"8", 8},   {" +8 ", 8}, {"-2", -2},
+                                                 {"2.5", 2}, {"3.5", 4},  {"1e2", 100},
+                                                 {".6", 1},  {"7.", 7},   {"2147483647", 2147483647}};
+  for (const auto& [text, number] : numbers) EXPECT_EQ(ParseNumeric(text), number) << text;
+  for (const std::string& text : tests::Split("|8x|0x8|inf|1e|+-1|3e9")) EXPECT_EQ(ParseNumeric(text), std::nullopt);
 }
 
 TEST(FontSetModel, NothingIsStoredUntilItIsAccepted) {
   Settings values;
   values.FixedFont.Size = 9;
-  values.DosFontCharset = 7;
   tests::ScriptedPrompts prompts;
   FontSetModel model(values);
   EXPECT_EQ(model.DefaultType, 1U);
@@ -128,7 +115,6 @@ TEST(FontSetModel, NothingIsStoredUntilItIsAccepted) {
   EXPECT_EQ(values.FixedFont, bold);
   model.Accept();
   EXPECT_EQ(values.FixedFont, Settings().FixedFont);
-  EXPECT_EQ(values.DosFontCharset, 7);
   values.DefaultFontType = 200;
   EXPECT_EQ(FontSetModel(values).DefaultType, std::nullopt);
 }

@@ -5,7 +5,6 @@
 #include <string>
 
 #include "tests/support/ScriptedPrompts.h"
-#include "tests/support/TemporaryFolder.h"
 
 namespace {
 
@@ -17,13 +16,6 @@ class TemplateChoiceTest : public testing::Test {
   std::string Choose(const std::string& path) {
     const ChosenTemplate chosen = ChooseTemplate(path, {List, Records, Values, "/program"}, Prompts);
     return chosen.File + (chosen.TemplateChosen ? "!" : "") + chosen.Synonyms;
-  }
-  void ExpectQuestion(const std::string& extension, platform::PromptAnswer answer) {
-    Prompts.Expect({.Text = "Would you like to use this template for all ." + extension + " files?",
-                    .Buttons = platform::PromptButtons::YesNo,
-                    .Icon = platform::PromptIcon::Question,
-                    .Default = platform::PromptAnswer::Yes},
-                   answer);
   }
 
   std::vector<templates::Template> List = {{"JavaScript", "js", "/js.def"},
@@ -54,14 +46,14 @@ TEST_F(TemplateChoiceTest, RecordThenTemplatesThenAssociations) {
 
 TEST_F(TemplateChoiceTest, TheUserIsAskedWhenNothingIsKnown) {
   Prompts.ExpectOpenFile("Select Template", "/chosen.def");
-  ExpectQuestion("c", platform::PromptAnswer::No);
+  Prompts.ExpectAssociating("c", platform::PromptAnswer::No);
   EXPECT_EQ(Choose("/a.c"), "/chosen.def!");
   EXPECT_EQ(Prompts.LastFileQuestion().Folder, "/program");
   EXPECT_EQ(Prompts.LastFileQuestion().Filters.at(0).Patterns, std::vector<std::string>{"*.def"});
   EXPECT_TRUE(Values.Associations.empty());
 
   Prompts.ExpectOpenFile("Select Template", "/chosen.def");
-  ExpectQuestion("C", platform::PromptAnswer::Yes);
+  Prompts.ExpectAssociating("C", platform::PromptAnswer::Yes);
   EXPECT_EQ(Choose("/a.C"), "/chosen.def!");
   EXPECT_EQ(Choose("/b.c"), "/chosen.def");
 
@@ -72,15 +64,6 @@ TEST_F(TemplateChoiceTest, TheUserIsAskedWhenNothingIsKnown) {
   Values.DefOpenTemplate = "/def.def";
   EXPECT_EQ(Choose("/readme"), "/def.def");
   EXPECT_EQ(Values.Associations.size(), 1U);
-}
-
-TEST_F(TemplateChoiceTest, AMissingFileIsTold) {
-  const tests::TemporaryFolder folder;
-  const std::string missing = folder.Path("x");
-  Prompts.Expect(
-      {.Text = missing + " does not exist.", .Title = "Error opening file...", .Icon = platform::PromptIcon::Critical});
-  EXPECT_FALSE(MayOpen(missing, Prompts));
-  EXPECT_TRUE(MayOpen(folder.Write("x", ""), Prompts));
 }
 
 }  // namespace

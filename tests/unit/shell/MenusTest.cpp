@@ -6,6 +6,7 @@
 #include "shell/TemplatesMenu.h"
 #include "shell/WindowList.h"
 #include "shell/WindowTiles.h"
+#include "tests/support/FakeChild.h"
 #include "tests/support/ScriptedPrompts.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -40,21 +41,6 @@ TEST(History, CaptionsFollowTheNewestFilesFolder) {
   EXPECT_EQ(history.Entries()[0].Description, "/srv/e.js");
 }
 
-class StandIn : public ChildWindow {
- public:
-  StandIn(std::string form, std::string caption, bool saved)
-      : m_form(std::move(form)), m_caption(std::move(caption)), m_saved(saved) {}
-  std::string FormName() const override { return m_form; }
-  std::string Caption() const override { return m_caption; }
-  bool Saved() const override { return m_saved; }
-  std::string CurFileName() const override { return m_saved ? "/x/" + m_caption : ""; }
-  bool SaveFile(const std::string&) override { return false; }
-
- private:
-  std::string m_form, m_caption;
-  bool m_saved;
-};
-
 std::string Describe(const std::vector<ListedTool>& tools) {
   std::string all;
   for (const ListedTool& tool : tools)
@@ -65,8 +51,8 @@ std::string Describe(const std::vector<ListedTool>& tools) {
 
 TEST(WindowList, TabsAndMenuListTheWindows) {
   tests::ScriptedPrompts prompts;
-  const StandIn first("Mainwin", "a&b.js", true), other("frmOptions", "no", true), second("frmTemplate", "T", false),
-      third("Mainwin", "c", true);
+  const tests::FakeChild first("Mainwin", "a&b.js", true), other("frmOptions", "no", true),
+      second("frmTemplate", "T", false), third("Mainwin", "c", true);
   const std::vector<const ChildWindow*> windows = {&first, &other, &second, &third};
   EXPECT_EQ(Describe(WindowTabs(windows, &second, &first, prompts)), "3001 tbWList1 T * checked\n3002 tbWList2 c\n");
   EXPECT_EQ(Describe(WindowMenu(windows, &third, prompts)),

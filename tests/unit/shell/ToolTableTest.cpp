@@ -10,6 +10,7 @@
 #include <set>
 
 #include "shell/CommandTable.h"
+#include "tests/support/FakeChild.h"
 
 namespace {
 
@@ -101,21 +102,8 @@ TEST(ToolTable, AccessKeysDifferWithinAMenuButForTheKnownOnes) {
                                             "mnuSynonyms: miAddSynonym miSaveSynonyms"}));
 }
 
-class FakeChild : public ChildWindow {
- public:
-  explicit FakeChild(std::string form) : m_form(std::move(form)) {}
-  std::string FormName() const override { return m_form; }
-  std::string Caption() const override { return ""; }
-  bool Saved() const override { return true; }
-  std::string CurFileName() const override { return ""; }
-  bool SaveFile(const std::string&) override { return true; }
-
- private:
-  std::string m_form;
-};
-
 TEST(CommandTable, RunsTheFirstCommandThatFitsWhereItsConditionHolds) {
-  FakeChild document("Mainwin"), editor("frmTemplate");
+  tests::FakeChild document("Mainwin"), editor("frmTemplate");
   ChildWindow* active = nullptr;
   std::string ran;
   CommandTable table([&] { return active; });

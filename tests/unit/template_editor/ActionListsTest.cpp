@@ -85,7 +85,8 @@ class PlainLists {
   bool PutAction(Row row) {
     if (Action.Delimeter.empty()) return false;
     for (std::size_t i = 0; i < Working.Actions.size(); ++i)
-      if (i != row && Working.Actions[i].Delimeter == Action.Delimeter) return false;
+      if (i != row && rich_text::LowerCase(Working.Actions[i].Delimeter) == rich_text::LowerCase(Action.Delimeter))
+        return false;
     Delimeter = Put(Working.Actions, row, Action);
     ActionCommitted = true;
     WordCommitted = false;
@@ -137,7 +138,7 @@ class ActionLaw {
     m_user.Answers.clear();
     for (int i = 0; i < 8; ++i) m_user.Answers.push_back(Answer());
     m_plain.Answers = m_user.Answers;
-    switch (Draw(13)) {
+    switch (Draw(14)) {
       case 0:
       case 1:
         return TypeName();
@@ -163,6 +164,8 @@ class ActionLaw {
       case 10:
         return RemoveDelimeter();
       case 11:
+        return Both([&] { m_lists.Leave(); }, [&] { m_plain.LeaveWord(); });
+      case 12:
         if (m_plain.Working.Actions.empty()) return;
         return SelectDelimeter(Draw(m_plain.Working.Actions.size()));
       default:
@@ -206,7 +209,7 @@ class ActionLaw {
     m_lists.SetName(m_plain.Working.Name);
   }
   void TypeAction() {
-    m_plain.Action.Delimeter = ".,(["[Draw(4)];
+    m_plain.Action.Delimeter = ".xX(["[Draw(5)];
     m_plain.Action.Action = static_cast<int>(1 + Draw(3));
     m_plain.Action.Tip = "t" + std::to_string(Draw(3));
     m_plain.ActionCommitted = false;
@@ -307,42 +310,6 @@ TEST_F(TwoWords, EachLevelAsksForItself) {
   EXPECT_EQ(m_user.Asked, (std::vector<std::string>{"delimeter without Change", "delimeter without Change", "word"}));
   EXPECT_EQ(Plain(*m_lists.Words().All()[0]).Actions.size(), 2U);
   EXPECT_EQ(m_lists.Name(), "b");
-}
-
-TEST_F(TwoWords, StayingKeepsSelectionAndChanges) {
-  m_lists.SetName("changed");
-  for (const auto& leave : std::vector<std::function<bool()>>{
-           [&] { return m_lists.SelectWord(1); }, [&] { return m_lists.Clear(); }, [&] { return m_lists.Leave(); }}) {
-    m_user.Answers = {LeaveAnswer::Stay};
-    EXPECT_FALSE(leave());
-    EXPECT_TRUE(m_user.Answers.empty());
-    EXPECT_EQ(m_lists.Name(), "changed");
-    EXPECT_EQ(m_lists.Words().Selected(), Row(0));
-  }
-  EXPECT_TRUE(m_lists.ChangeWord()) << "committing the level itself asks nothing";
-  EXPECT_TRUE(m_lists.Leave());
-}
-
-TEST_F(TwoWords, AddingAWordAsksForItsAction) {
-  m_lists.SelectDelimeter(0);
-  m_lists.SetTip("new tip");
-  m_user.Answers = {LeaveAnswer::Discard};
-  EXPECT_TRUE(m_lists.AddWord());
-  EXPECT_EQ(m_user.Asked, std::vector<std::string>{"delimeter"});
-  EXPECT_EQ(Plain(*m_lists.Words().All()[2]).Actions.at(0).Tip, "");
-  EXPECT_EQ(m_lists.Tip(), "") << "the page shows what was committed";
-}
-
-TEST_F(TwoWords, ADelimeterHasOneActionWhateverItsCase) {
-  m_lists.SetDelimeter("x");
-  EXPECT_TRUE(m_lists.AddDelimeter());
-  m_lists.SetDelimeter("X");
-  EXPECT_FALSE(m_lists.AddDelimeter());
-  EXPECT_TRUE(m_lists.ChangeDelimeter()) << "in its own place it may change case";
-  m_lists.SetDelimeter(".");
-  EXPECT_FALSE(m_lists.ChangeDelimeter());
-  EXPECT_EQ(m_user.Refused.size(), 2U);
-  EXPECT_EQ(m_user.Required, (std::vector<std::string>{".", "x", "X"}));
 }
 
 TEST_F(TwoWords, WhatAFileCouldNotHoldIsRefused) {

@@ -8,6 +8,7 @@
 #include <random>
 
 #include "templates/Values.h"
+#include "tests/support/Characters.h"
 #include "tests/unit/template_editor/EditorFixture.h"
 
 namespace {
@@ -169,21 +170,14 @@ TEST(ColourLists, ANumberOutsideThePaletteStaysOutside) {
 TEST(ColourLists, TheHexadecimalFieldReadsBlackForAnythingElse) {
   tests::ListUser user;
   ColourLists lists(user);
-  for (const auto& [text, value] : std::vector<std::pair<const char*, rich_text::ColourValue>>{{"#0000FF", 0xFF},
-                                                                                               {"#a", 10},
-                                                                                               {"#0000001", 1},
-                                                                                               {"", 0},
-                                                                                               {"#", 0},
-                                                                                               {"0000FF", 0},
-                                                                                               {"#12G", 0},
-                                                                                               {"# 12", 0},
-                                                                                               {"#1000000", 0},
-                                                                                               {"#-1", 0},
-                                                                                               {" #12", 0},
-                                                                                               {"#12 ", 0}}) {
+  const auto read = [&](const std::string& text) {
     lists.ColHex = text;
-    EXPECT_EQ(lists.HexValue(), value) << text;
-  }
+    return lists.HexValue();
+  };
+  EXPECT_EQ(read("#0000FF"), 0xFFU);
+  EXPECT_EQ(read("#a"), 10U);
+  EXPECT_EQ(read("#0000001"), 1U);
+  for (const std::string& text : tests::Split("|#|0000FF|#12G|# 12|#1000000|#-1| #12|#12 ")) EXPECT_EQ(read(text), 0U);
 }
 
 TEST(ColourLists, WhatAFileCouldNotHoldIsRefused) {

@@ -3,11 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <filesystem>
 #include <sstream>
 
 #include "platform/Files.h"
-#include "templates/Loader.h"
+#include "platform/ProgramFolder.h"
 #include "templates/Writer.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/unit/template_editor/EditorFixture.h"
@@ -15,45 +14,19 @@
 
 namespace {
 
-std::vector<std::string> ShippedTemplates() {
-  std::vector<std::string> files;
-  for (const auto& entry : std::filesystem::directory_iterator(QUILLMARK_SOURCE_DIR "/data/templates"))
-    if (entry.path().extension() == ".def") files.push_back(entry.path().string());
-  return files;
-}
-
-/// Everything that a document has of a template.
-std::string Loaded(const std::string& file) {
-  templates::TemplateFields fields;
-  templates::CollectedMessages messages;
-  const templates::LoadResult result = templates::LoadTemplate(file, fields, {}, messages);
-  EXPECT_TRUE(messages.Problems.empty()) << messages.Problems[0].Line;
-  std::ostringstream text;
-  text << result.Error << '[' << result.InitialText << "]\n"
-       << fields.CaseSensitive << fields.UseFont << '|' << fields.ExecuteCommand << '|' << fields.DefaultExtension
-       << '|' << fields.TName << '|' << fields.TVer << '|' << fields.TAuthor << '|' << fields.TDate << '|'
-       << fields.TComments;
-  for (const auto& delimeter : fields.Delimeters) text << delimeter;
-  for (const auto colour : fields.Colours) text << ' ' << colour;
-  for (const auto& word : fields.ColWords) text << tests::Describe(*word);
-  for (const auto& word : fields.Words) text << tests::Describe(*word);
-  for (const auto& synonym : fields.Synonyms) text << synonym->Word << '=' << synonym->Synonym << '\n';
-  text << fields.HelpWords.Count();
-  return text.str();
-}
-
-/// The lines of a template file that are neither empty nor comments, sorted: the writer has an order of its own.
+/// The lines of a template file that are neither empty nor comments, sorted by what they begin with: the writer has an
+/// order of its own for the records, but keeps that of those of one kind.
 std::vector<std::string> Records(const std::string& bytes) {
   std::vector<std::string> lines;
   std::istringstream text(bytes);
   for (std::string line; std::getline(text, line);)
     if (line.size() > 1 && line.front() != ';') lines.push_back(line);
-  std::sort(lines.begin(), lines.end());
+  std::stable_sort(lines.begin(), lines.end(), [](const auto& a, const auto& b) { return a[0] < b[0]; });
   return lines;
 }
 
 TEST(EditorRoundTrip, ShippedTemplatesStayThemselves) {
-  const std::vector<std::string> files = ShippedTemplates();
+  const std::vector<std::string> files = platform::ListFiles(QUILLMARK_SOURCE_DIR "/data/templates", ".def");
   ASSERT_GE(files.size(), 6U);
   for (const std::string& file : files) {
     SCOPED_TRACE(file);
@@ -63,7 +36,6 @@ TEST(EditorRoundTrip, ShippedTemplatesStayThemselves) {
     ASSERT_TRUE(user.Editor.OpenFile(file));
     EXPECT_TRUE(user.Editor.Saved());
     ASSERT_TRUE(user.Editor.SaveFile(copy));
-    EXPECT_EQ(Loaded(copy), Loaded(file));
     EXPECT_EQ(Records(folder.Read("copy.def")), Records(platform::ReadFile(file).Bytes));
     // Once it has the writer's form, saving changes no byte.
     const std::string written = folder.Read("copy.def");

@@ -23,13 +23,6 @@ class TemplateEditorTest : public testing::Test {
   std::string WriteFull() {
     return m_folder.Write("full.def", templates::WriteTemplate(tests::FullTemplate(), "1/2/2024"));
   }
-  static MessageBox ClosingBox(const std::string& name) {
-    return {.Text = "Save changes to " + name + " before closing?",
-            .Buttons = PromptButtons::YesNoCancel,
-            .Icon = PromptIcon::Question,
-            .Default = PromptAnswer::Cancel};
-  }
-
   tests::TemporaryFolder m_folder;
   EditorUser m_user;
   TemplateEditor& m_editor = m_user.Editor;
@@ -172,14 +165,6 @@ TEST_F(TemplateEditorTest, CaptionsFollowWordAndDelimeter) {
   EXPECT_EQ(m_editor.ToolTipCaption(), "Tool T&ip for [&&] of [a&&b]");
 }
 
-TEST_F(TemplateEditorTest, TheColourChooserFillsTheHexadecimalField) {
-  Type(TextField::ColHex, "#ff");
-  m_user.ChosenColour = 0xA0B0C;
-  m_editor.Click(Button::ColBrowse);
-  EXPECT_EQ(m_user.InitialColour, 0xFFU);
-  EXPECT_EQ(m_editor.TextOf(TextField::ColHex), "#0A0B0C");
-}
-
 TEST_F(TemplateEditorTest, TheEndWordBelongsToItsOption) {
   EXPECT_EQ(m_editor.SetEndPoint(1).Focus, std::nullopt);
   EXPECT_EQ(m_editor.SetEndPoint(2).Focus, TextField::colEndWord);
@@ -298,19 +283,6 @@ TEST_F(TemplateEditorTest, SavingOffersToCommitAnUnfinishedWord) {
   m_user.Leaving.Answers = {LeaveAnswer::Discard};
   EXPECT_TRUE(m_editor.SaveFile(m_folder.Path("t.def")));
   EXPECT_EQ(m_editor.TextOf(TextField::ActWordName), "word");
-}
-
-TEST_F(TemplateEditorTest, ClosingAsksForAChangedTemplate) {
-  EXPECT_TRUE(m_editor.MayClose());
-  Type(TextField::TemplateName, "Mine");
-  m_user.User.Expect(ClosingBox("Mine"), PromptAnswer::Cancel);
-  EXPECT_FALSE(m_editor.MayClose());
-  m_user.User.Expect(ClosingBox("Mine"), PromptAnswer::Yes);
-  m_user.User.ExpectSaveFile("Save Template", "");
-  EXPECT_FALSE(m_editor.MayClose());
-  m_user.User.Expect(ClosingBox("Mine"), PromptAnswer::No);
-  EXPECT_TRUE(m_editor.MayClose());
-  EXPECT_EQ(m_folder.EntryCount(), 0U);
 }
 
 TEST_F(TemplateEditorTest, RepeatedWordsAreListedAndWritten) {

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/Files.h"
 #include "rich_text/Encoding.h"
 #include "templates/EditorReader.h"
 #include "templates/HeaderScan.h"
@@ -64,15 +63,6 @@ TEST(Garbage, TruncatedAtEveryByte) {
   for (std::size_t size = 0; size <= whole.size() && !testing::Test::HasFatalFailure(); ++size) {
     SCOPED_TRACE(size);
     ReadAll(whole.substr(0, size));
-  }
-}
-
-TEST(Garbage, AShippedTemplateTruncated) {
-  const platform::FileContent whole = platform::ReadFile(QUILLMARK_SOURCE_DIR "/data/templates/JavaScript.def");
-  ASSERT_EQ(whole.Error, "");
-  for (std::size_t size = 0; size <= whole.Bytes.size() && !testing::Test::HasFatalFailure(); size += 97) {
-    SCOPED_TRACE(size);
-    ReadAll(whole.Bytes.substr(0, size));
   }
 }
 

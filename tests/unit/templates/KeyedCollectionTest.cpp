@@ -6,19 +6,12 @@
 #include <optional>
 #include <random>
 
+#include "tests/support/FailureCode.h"
+
 namespace {
 
 using templates::KeyedCollection;
-
-template <typename Action>
-int CodeOf(Action action) {
-  try {
-    action();
-  } catch (const platform::Failure& failure) {
-    return failure.Code();
-  }
-  return 0;
-}
+using tests::CodeOf;
 
 /// The same collection as a plain list, searched from its start.
 struct PlainCollection {

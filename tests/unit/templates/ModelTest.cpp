@@ -2,21 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/FailureCode.h"
 #include "tests/unit/templates/SampleTemplates.h"
 
 namespace {
 
 using namespace templates;
-
-template <typename Action>
-int CodeOf(Action action) {
-  try {
-    action();
-  } catch (const platform::Failure& failure) {
-    return failure.Code();
-  }
-  return 0;
-}
+using tests::CodeOf;
 
 TEST(WrdAct, TheListsKeepTheirOldPlacesWhenTheCountDropsToZero) {
   WrdAct action;

@@ -9,19 +9,17 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstdlib>
-#include <cstring>
 #include <ctime>
 #include <filesystem>
 #include <system_error>
 #include <utility>
 
 #include "platform/Files.h"
+#include "platform/UserFolders.h"
 
 namespace editor {
 namespace {
 
-constexpr std::string_view JournalSuffix = ".journal", UnfinishedSuffix = ".new";
 constexpr std::time_t SecondsUntilLeftover = 60;
 
 std::optional<std::string> TextOfBase(const JournalHead& head) {
@@ -44,34 +42,26 @@ void RemoveLeftover(const std::string& path) {
 // Journals.
 
 std::optional<DeadJournal> DeadJournal::Take(const std::string& path, std::string& error) {
-  const int descriptor = ::open(path.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
-  if (descriptor < 0) {
-    error = errno == ENOENT ? "" : std::strerror(errno);
+  platform::FileDescriptor file(::open(path.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
+  if (!file.IsOpen()) {
+    error = errno == ENOENT ? "" : platform::LastError();
     return std::nullopt;
   }
-  DeadJournal journal(path, descriptor);
   struct stat opened {
   }, named{};
-  if (::fstat(descriptor, &opened) != 0 || !S_ISREG(opened.st_mode) || opened.st_uid != ::geteuid()) {
+  if (::fstat(file.Get(), &opened) != 0 || !S_ISREG(opened.st_mode) || opened.st_uid != ::geteuid()) {
     error = "it is no file of this user";
     return std::nullopt;
   }
-  if (::flock(descriptor, LOCK_EX | LOCK_NB) != 0) return std::nullopt;
+  if (::flock(file.Get(), LOCK_EX | LOCK_NB) != 0) return std::nullopt;
   // Until the lock was had somebody else may have dealt with it.
   if (::lstat(path.c_str(), &named) != 0 || named.st_ino != opened.st_ino) return std::nullopt;
-  return journal;
-}
-
-DeadJournal::DeadJournal(DeadJournal&& other) noexcept
-    : m_path(std::move(other.m_path)), m_descriptor(std::exchange(other.m_descriptor, -1)) {}
-
-DeadJournal::~DeadJournal() {
-  if (m_descriptor >= 0) ::close(m_descriptor);
+  return DeadJournal(path, std::move(file));
 }
 
 JournalContent DeadJournal::Read() const {
-  ::lseek(m_descriptor, 0, SEEK_SET);
-  const platform::FileContent file = platform::ReadDescriptor(m_descriptor);
+  ::lseek(m_file.Get(), 0, SEEK_SET);
+  const platform::FileContent file = platform::ReadDescriptor(m_file.Get());
   return file.Ok() ? ReadJournal(file.Bytes, TextOfBase) : JournalContent{};
 }
 
@@ -85,10 +75,8 @@ RecoveryStore::RecoveryStore(std::string folder, std::chrono::milliseconds gathe
     : m_folder(std::move(folder)), m_writer(m_folder, gather) {}
 
 std::string RecoveryStore::DefaultFolder() {
-  const char* state = std::getenv("XDG_STATE_HOME");
-  if (state != nullptr && *state == '/') return std::string(state) + "/quillmark";
-  const char* home = std::getenv("HOME");
-  return home != nullptr && *home == '/' ? std::string(home) + "/.local/state/quillmark" : "";
+  const std::string state = platform::StateHome();
+  return state.empty() ? "" : state + "/quillmark";
 }
 
 std::vector<DeadJournal> RecoveryStore::TakeDead(std::vector<std::string>& problems) const {

@@ -13,6 +13,7 @@
 
 #include "editor/RecoveryJournal.h"
 #include "editor/RecoveryWriter.h"
+#include "platform/FileDescriptor.h"
 #include "platform/Prompts.h"
 
 namespace editor {
@@ -22,9 +23,6 @@ class DeadJournal {
  public:
   /// Takes the journal if nobody has it; "" in `error` for one that lives. Does not read it yet.
   static std::optional<DeadJournal> Take(const std::string& path, std::string& error);
-  DeadJournal(DeadJournal&& other) noexcept;
-  DeadJournal& operator=(DeadJournal&&) = delete;
-  ~DeadJournal();
 
   /// Reads it; the file that it tells of helps where the journal does not hold the whole text.
   JournalContent Read() const;
@@ -33,10 +31,10 @@ class DeadJournal {
   void Remove();
 
  private:
-  DeadJournal(std::string path, int descriptor) : m_path(std::move(path)), m_descriptor(descriptor) {}
+  DeadJournal(std::string path, platform::FileDescriptor file) : m_path(std::move(path)), m_file(std::move(file)) {}
 
   std::string m_path;
-  int m_descriptor;
+  platform::FileDescriptor m_file;
 };
 
 class RecoveryStore {

@@ -7,28 +7,18 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
 #include <filesystem>
 #include <iterator>
 #include <utility>
 
+#include "platform/FileDescriptor.h"
+
 namespace editor {
 namespace {
 
-constexpr std::string_view JournalSuffix = ".journal", UnfinishedSuffix = ".new";
+using platform::LastError, platform::SyncFolder;
+
 constexpr std::size_t UrgentBytes = 1 << 20;  // so much is not worth waiting for more
-
-std::string LastError() {
-  return std::strerror(errno);
-}
-
-bool SyncFolder(const std::string& folder) {
-  const int opened = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (opened < 0) return false;
-  const bool synced = ::fsync(opened) == 0;
-  ::close(opened);
-  return synced;
-}
 
 bool WriteAll(int descriptor, std::string_view bytes) {
   while (!bytes.empty()) {
@@ -46,14 +36,6 @@ bool WriteAll(int descriptor, std::string_view bytes) {
 // thread opens and writes, and the syncing thread has the path from then on. The descriptor stays open until the last
 // job or, after a failure, until the handle goes, as either thread may be using it.
 struct JournalFile {
-  JournalFile() = default;
-  ~JournalFile() { Close(); }
-  JournalFile(const JournalFile&) = delete;
-  JournalFile& operator=(const JournalFile&) = delete;
-  void Close() {
-    if (Descriptor >= 0) ::close(std::exchange(Descriptor, -1));
-  }
-
   std::string Name;
   std::string Pending;
   std::size_t Writing = 0;
@@ -62,7 +44,7 @@ struct JournalFile {
   std::string Error;
 
   std::string Path;  ///< where the file is now; "" when there is none
-  int Descriptor = -1;
+  platform::FileDescriptor Descriptor;
   std::size_t GoodBytes = 0;
 };
 
@@ -214,20 +196,21 @@ std::string UnfinishedPath(const JournalFile& file, const std::string& folder) {
 std::string Open(JournalFile& file, const std::string& folder) {
   if (const std::string error = MakePrivateFolder(folder); !error.empty()) return error;
   const std::string path = UnfinishedPath(file, folder);
-  file.Descriptor = ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_APPEND | O_CLOEXEC | O_NOFOLLOW, 0600);
-  if (file.Descriptor < 0) return path + ": " + LastError();
+  file.Descriptor = platform::FileDescriptor(
+      ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_APPEND | O_CLOEXEC | O_NOFOLLOW, 0600));
+  if (!file.Descriptor.IsOpen()) return path + ": " + LastError();
   file.Path = path;
-  return ::flock(file.Descriptor, LOCK_EX | LOCK_NB) == 0 ? "" : path + ": " + LastError();
+  return ::flock(file.Descriptor.Get(), LOCK_EX | LOCK_NB) == 0 ? "" : path + ": " + LastError();
 }
 
 std::string AppendTo(JournalFile& file, std::string_view bytes, const std::string& folder) {
-  if (WriteAll(file.Descriptor, bytes)) {
+  if (WriteAll(file.Descriptor.Get(), bytes)) {
     file.GoodBytes += bytes.size();
     return "";
   }
   const std::string error = UnfinishedPath(file, folder) + ": " + LastError();
   // What was cut off would be passed over by a reader; without it the file is as small as can be on a full disk.
-  [[maybe_unused]] const int ignored = ::ftruncate(file.Descriptor, static_cast<off_t>(file.GoodBytes));
+  [[maybe_unused]] const int ignored = ::ftruncate(file.Descriptor.Get(), static_cast<off_t>(file.GoodBytes));
   return error;
 }
 
@@ -245,8 +228,8 @@ void Discard(JournalFile& file) {
   if (!file.Path.ends_with(UnfinishedSuffix)) return;
   ::unlink(file.Path.c_str());
   file.Path.clear();
-  if (file.Descriptor < 0) return;
-  [[maybe_unused]] const int ignored = ::ftruncate(file.Descriptor, 0);
+  if (!file.Descriptor.IsOpen()) return;
+  [[maybe_unused]] const int ignored = ::ftruncate(file.Descriptor.Get(), 0);
 }
 
 }  // namespace
@@ -254,7 +237,7 @@ void Discard(JournalFile& file) {
 // Nothing here waits for the disk: what is written survives the program's end, whatever the disk is busy with.
 void RecoveryWriter::WriteBytes(Job& job) const {
   if (job.Remove || !job.Error.empty() || job.Bytes.empty()) return;
-  if (job.File->Descriptor < 0) job.Error = Open(*job.File, m_folder);
+  if (!job.File->Descriptor.IsOpen()) job.Error = Open(*job.File, m_folder);
   if (job.Error.empty()) job.Error = AppendTo(*job.File, job.Bytes, m_folder);
 }
 
@@ -263,13 +246,13 @@ void RecoveryWriter::Finish(Job& job) const {
   if (job.Remove) {
     if (!file.Path.empty() && ::unlink(file.Path.c_str()) == 0) SyncFolder(m_folder);
     file.Path.clear();
-    return file.Close();
+    return file.Descriptor.Close();
   }
-  if (job.Error.empty() && !job.Bytes.empty() && ::fdatasync(file.Descriptor) != 0)
+  if (job.Error.empty() && !job.Bytes.empty() && ::fdatasync(file.Descriptor.Get()) != 0)
     job.Error = file.Path + ": " + LastError();
-  if (job.Error.empty() && job.Publish && file.Descriptor >= 0) job.Error = GiveName(file, m_folder);
+  if (job.Error.empty() && job.Publish && file.Descriptor.IsOpen()) job.Error = GiveName(file, m_folder);
   if (!job.Error.empty()) Discard(file);
-  if (job.Leave) file.Close();
+  if (job.Leave) file.Descriptor.Close();
 }
 
 }  // namespace editor

@@ -73,6 +73,9 @@ class RecoveryWriter {
   std::thread m_writer, m_syncer;  ///< the last members: they use all others
 };
 
+/// What the names of finished and of unfinished journals end with.
+inline constexpr std::string_view JournalSuffix = ".journal", UnfinishedSuffix = ".new";
+
 /// Makes the folder, open to its owner alone; "" or why it cannot be used.
 std::string MakePrivateFolder(const std::string& folder);
 

@@ -1,7 +1,8 @@
 #pragma once
-// An open file that closes itself, and the few calls on it that every writer needs. Failures leave errno as the system
-// set it.
+// An open file, folder or socket that closes itself, and the few calls on it that every writer needs. Failures leave
+// errno as the system set it.
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -64,6 +65,17 @@ inline bool Sync(int descriptor) {
   do result = ::fsync(descriptor);
   while (result != 0 && errno == EINTR);
   return result == 0 || errno == EINVAL || errno == ENOTSUP;
+}
+
+/// Brings renamed and removed names of a folder to the disk.
+inline bool SyncFolder(const std::string& folder) {
+  const FileDescriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (opened.IsOpen()) return Sync(opened.Get());
+  // A folder that may be written but not listed cannot be opened; its whole disk is synced instead, through what is
+  // above.
+  if (errno != EACCES) return false;
+  ::sync();
+  return true;
 }
 
 /// Whether the file gives back exactly these bytes.

@@ -8,12 +8,12 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdlib>
 #include <filesystem>
 #include <thread>
 
 #include "platform/ExecuteLines.h"
 #include "platform/LocalSocket.h"
+#include "platform/UserFolders.h"
 
 namespace platform {
 namespace {
@@ -21,11 +21,6 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr auto Patience = std::chrono::milliseconds(20);  ///< between two tries
-
-std::string AbsoluteOrNothing(const char* variable) {
-  const char* value = std::getenv(variable);
-  return value && value[0] == '/' ? value : "";
-}
 
 /// Whether the folder is this user's and only this user may put anything into it.
 bool IsSafe(const std::string& folder) {
@@ -66,9 +61,9 @@ bool SendAll(int socket, std::string_view bytes, Clock::time_point end) {
 }
 
 /// A connection to the first instance of the folder; closed when it cannot be reached or is not this user's.
-OwnDescriptor Connected(const std::string& folder) {
-  OwnDescriptor socket = MakeLocalSocket();
-  if (!socket.IsOpen() || !ConnectIn(socket.Get(), folder) || !PeerIsThisUser(socket.Get())) socket.Reset();
+FileDescriptor Connected(const std::string& folder) {
+  FileDescriptor socket = MakeLocalSocket();
+  if (!socket.IsOpen() || !ConnectIn(socket.Get(), folder) || !PeerIsThisUser(socket.Get())) socket.Close();
   return socket;
 }
 
@@ -89,11 +84,8 @@ std::string ReceiveLine(int socket, Clock::time_point end) {
 }  // namespace
 
 InstancePlaces InstancePlaces::FromProcess() {
-  InstancePlaces places{AbsoluteOrNothing("XDG_RUNTIME_DIR"), AbsoluteOrNothing("XDG_STATE_HOME")};
-  if (places.RuntimeDir.empty()) places.RuntimeDir = "/run/user/" + std::to_string(::geteuid());
-  if (const std::string home = AbsoluteOrNothing("HOME"); places.StateHome.empty() && !home.empty())
-    places.StateHome = home + "/.local/state";
-  return places;
+  const std::string runtime = Environment("XDG_RUNTIME_DIR");
+  return {runtime.starts_with('/') ? runtime : "/run/user/" + std::to_string(::geteuid()), platform::StateHome()};
 }
 
 std::string FindInstanceFolder(const InstancePlaces& places) {
@@ -111,7 +103,7 @@ std::string FindInstanceFolder(const InstancePlaces& places) {
 bool InstanceChannel::TakeLock() {
   if (m_folder.empty()) return true;
   if (!m_lock.IsOpen())
-    m_lock.Reset(::open((m_folder + "/lock").c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, 0600));
+    m_lock = FileDescriptor(::open((m_folder + "/lock").c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, 0600));
   if (m_lock.IsOpen() && ::flock(m_lock.Get(), LOCK_EX | LOCK_NB) == 0) return true;
   if (m_lock.IsOpen() && (errno == EWOULDBLOCK || errno == EINTR)) return false;
   m_folder.clear();  // a disk without locks keeps nobody from working
@@ -133,7 +125,7 @@ bool InstanceChannel::Send(std::string_view command, std::chrono::milliseconds t
   const Clock::time_point end = Clock::now() + timeout;
   const std::string line = std::string(command) + '\n';
   while (true) {
-    const OwnDescriptor socket = Connected(m_folder);
+    const FileDescriptor socket = Connected(m_folder);
     const bool isSent = socket.IsOpen() && SendAll(socket.Get(), line, end);
     if (const std::string answer = isSent ? ReceiveLine(socket.Get(), end) : ""; !answer.empty())
       return answer == "accepted";

@@ -9,31 +9,14 @@
 #include <string>
 #include <string_view>
 
+#include "platform/FileDescriptor.h"
+
 namespace platform {
-
-/// A file descriptor that is closed with its owner; -1 for none.
-class OwnDescriptor {
- public:
-  explicit OwnDescriptor(int value = -1) : m_value(value) {}
-  ~OwnDescriptor() { Reset(); }
-  OwnDescriptor(OwnDescriptor&& other) noexcept : m_value(other.Release()) {}
-  OwnDescriptor& operator=(OwnDescriptor&& other) noexcept {
-    Reset(other.Release());
-    return *this;
-  }
-  int Get() const { return m_value; }
-  bool IsOpen() const { return m_value >= 0; }
-  void Reset(int value = -1);
-  int Release();
-
- private:
-  int m_value;
-};
 
 /// What the choice of the folder depends on; FromProcess reads it from the running process.
 struct InstancePlaces {
   std::string RuntimeDir;  ///< $XDG_RUNTIME_DIR
-  std::string StateHome;   ///< $XDG_STATE_HOME, or ~/.local/state; "" for none
+  std::string StateHome;   ///< as the function of that name gives it
 
   static InstancePlaces FromProcess();
 };
@@ -67,7 +50,7 @@ class InstanceChannel {
   bool TakeLock();
 
   std::string m_folder;
-  OwnDescriptor m_lock;
+  FileDescriptor m_lock;
 };
 
 /// Whether the process at the other end of a connected local socket runs as this user.

@@ -35,7 +35,7 @@ InstanceServer::InstanceServer(std::string folder, Execute execute, std::chrono:
   RemoveSocketIn(m_folder);
   m_listener = MakeLocalSocket();
   if (!BindIn(m_listener.Get(), m_folder) || ::listen(m_listener.Get(), Waiting) != 0) {
-    m_listener.Reset();
+    m_listener.Close();
     return;
   }
   Watch(m_listener.Get());
@@ -68,7 +68,7 @@ void InstanceServer::Serve() {
 }
 
 void InstanceServer::Accept() {
-  OwnDescriptor socket(::accept4(m_listener.Get(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
+  FileDescriptor socket(::accept4(m_listener.Get(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
   if (!socket.IsOpen() || m_connections.size() >= MostConnections || !PeerIsThisUser(socket.Get())) return;
   const int descriptor = socket.Get();
   Watch(descriptor);

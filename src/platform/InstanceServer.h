@@ -39,7 +39,7 @@ class InstanceServer {
 
  private:
   struct Connection {
-    OwnDescriptor Socket;
+    FileDescriptor Socket;
     ExecuteLines Lines;
     std::chrono::steady_clock::time_point End;
   };
@@ -53,7 +53,7 @@ class InstanceServer {
   std::string m_folder;
   Execute m_execute;
   std::chrono::milliseconds m_patience;
-  OwnDescriptor m_events, m_timer, m_listener;
+  FileDescriptor m_events, m_timer, m_listener;
   std::map<int, Connection> m_connections;  ///< under their descriptors
 };
 

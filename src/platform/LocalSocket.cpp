@@ -20,9 +20,9 @@ bool WithAddress(const std::string& folder, Action action) {
   sockaddr_un address{};
   address.sun_family = AF_UNIX;
   std::string path = folder + SocketName;
-  OwnDescriptor opened;
+  FileDescriptor opened;
   if (path.size() >= sizeof address.sun_path) {
-    opened.Reset(::open(folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    opened = FileDescriptor(::open(folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
     path = "/proc/self/fd/" + std::to_string(opened.Get()) + SocketName;
   }
   std::memcpy(address.sun_path, path.c_str(), path.size() + 1);
@@ -31,19 +31,8 @@ bool WithAddress(const std::string& folder, Action action) {
 
 }  // namespace
 
-void OwnDescriptor::Reset(int value) {
-  if (m_value >= 0 && m_value != value) ::close(m_value);
-  m_value = value;
-}
-
-int OwnDescriptor::Release() {
-  const int value = m_value;
-  m_value = -1;
-  return value;
-}
-
-OwnDescriptor MakeLocalSocket() {
-  return OwnDescriptor(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+FileDescriptor MakeLocalSocket() {
+  return FileDescriptor(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
 }
 
 bool BindIn(int socket, const std::string& folder) {

@@ -8,7 +8,7 @@
 namespace platform {
 
 /// A non-blocking local socket; closed for none.
-OwnDescriptor MakeLocalSocket();
+FileDescriptor MakeLocalSocket();
 
 /// Binds or connects to the socket file of the folder, however long its path is. False with errno set on failure.
 bool BindIn(int socket, const std::string& folder);

@@ -3,22 +3,17 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <utility>
 
 #include "platform/TemplateCopies.h"
+#include "platform/UserFolders.h"
 #include "rich_text/Encoding.h"
 
 namespace platform {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string Environment(const char* name) {
-  const char* value = std::getenv(name);
-  return value ? value : "";
-}
 
 bool HasTemplates(const std::string& folder) {
   return !ListFiles(folder, ".def").empty();
@@ -42,8 +37,7 @@ ProgramPlaces ProgramPlaces::FromProcess() {
   std::error_code error;
   places.Executable = fs::read_symlink("/proc/self/exe", error).string();
   places.Override = Environment("QUILLMARK_HOME");
-  places.DataHome = Environment("XDG_DATA_HOME");
-  if (places.DataHome.empty() || places.DataHome[0] != '/') places.DataHome = Environment("HOME") + "/.local/share";
+  places.DataHome = platform::DataHome();
   return places;
 }
 
@@ -60,8 +54,9 @@ std::string FindProgramFolder(const ProgramPlaces& places, bool fill) {
   if (!places.Override.empty()) return WholePath(places.Override);
   const std::string portable = fs::path(places.Executable).parent_path().string();
   if (HasTemplates(portable) && CanBeWritten(portable)) return portable;
-  const std::string own = places.DataHome + "/quillmark";
   const std::string installed = InstalledFolder(places);
+  if (places.DataHome.empty()) return installed;
+  const std::string own = places.DataHome + "/quillmark";
   if (fill) RenewCopies(own, installed);
   return HasTemplates(own) || fill || installed.empty() ? own : installed;
 }

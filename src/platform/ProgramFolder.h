@@ -14,7 +14,7 @@ namespace platform {
 struct ProgramPlaces {
   std::string Executable;  ///< absolute path of the running program
   std::string Override;    ///< $QUILLMARK_HOME
-  std::string DataHome;    ///< $XDG_DATA_HOME, or ~/.local/share
+  std::string DataHome;    ///< as DataHome gives it
 
   static ProgramPlaces FromProcess();
 };

@@ -55,16 +55,6 @@ std::string FolderOfTarget(const std::string& path) {
   return folder.empty() ? "." : folder;
 }
 
-// A folder that may be written but not listed cannot be opened; its whole disk is synced instead, through what is
-// above.
-bool SyncFolder(const std::string& folder) {
-  const FileDescriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (opened.IsOpen()) return Sync(opened.Get());
-  if (errno != EACCES) return false;
-  ::sync();
-  return true;
-}
-
 bool HasChanged(const std::string& path, const FileIdentity& expected) {
   return LookAt(path, expected).Difference != FileDifference::None;
 }

@@ -7,12 +7,12 @@
 
 #include <cinttypes>
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <vector>
 
 #include "platform/FileDescriptor.h"
 #include "platform/SaveSteps.h"
+#include "platform/UserFolders.h"
 
 namespace platform {
 namespace {
@@ -33,17 +33,11 @@ std::string CopyName(const std::string& folder, const std::string& target, int n
   return folder + '/' + name;
 }
 
-std::string Variable(const char* name) {
-  const char* value = std::getenv(name);
-  return value == nullptr ? "" : value;
-}
-
 /// Where a copy may stand, best first: the target's folder may not be writable.
 std::vector<std::string> CopyFolders(const std::string& target) {
   std::vector<std::string> folders = {FolderOfTarget(target)};
-  const std::string home = Variable("HOME"), state = Variable("XDG_STATE_HOME"), temporary = Variable("TMPDIR");
-  if (!state.empty() || !home.empty())
-    folders.push_back((state.empty() ? home + "/.local/state" : state) + "/quillmark");
+  const std::string state = StateHome(), temporary = Environment("TMPDIR");
+  if (!state.empty()) folders.push_back(state + "/quillmark");
   folders.push_back(temporary.empty() ? "/tmp" : temporary);
   return folders;
 }

@@ -51,9 +51,6 @@ std::string TargetOf(const std::string& path);
 /// The folder of a path, "." when it names none.
 std::string FolderOfTarget(const std::string& path);
 
-/// Brings renamed and removed names to the disk.
-bool SyncFolder(const std::string& folder);
-
 /// Whether the file can no longer be the one that is to be replaced. Status and, when not settled, contents count.
 bool HasChanged(const std::string& path, const FileIdentity& expected);
 

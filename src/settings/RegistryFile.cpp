@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <filesystem>
 
 #include "platform/Files.h"
+#include "platform/UserFolders.h"
 
 namespace settings {
 namespace {
@@ -22,11 +22,6 @@ std::string FullKey(std::string_view key) {
 
 bool IsOneLine(std::string_view text) {
   return text.find_first_of(std::string_view("\0\r\n", 3)) == std::string_view::npos;
-}
-
-std::string Environment(const char* name) {
-  const char* value = std::getenv(name);
-  return value ? value : "";
 }
 
 }  // namespace
@@ -139,9 +134,7 @@ std::string RegistryFile::Flush() {
 }
 
 std::string UserRegistryPath() {
-  std::string folder = Environment("XDG_CONFIG_HOME");
-  if (folder.empty() || folder[0] != '/') folder = Environment("HOME") + "/.config";
-  return folder + "/quillmark/registry.reg";
+  return platform::ConfigHome() + "/quillmark/registry.reg";
 }
 
 }  // namespace settings

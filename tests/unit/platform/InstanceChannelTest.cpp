@@ -153,7 +153,7 @@ class RawClient {
     return ::poll(&wait, 1, 5000) > 0;
   }
 
-  OwnDescriptor m_socket;
+  FileDescriptor m_socket;
   bool m_connected = false;
 };
 

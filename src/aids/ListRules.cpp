@@ -11,7 +11,7 @@ namespace {
 
 constexpr float GreatestHeight = 2250;  // twips
 constexpr int IconSize = 16;
-constexpr int RoomBesideText = 33, RoomInColumn = 30;
+constexpr int RoomBesideText = 33;
 
 std::string Folded(std::string_view text, bool caseSensitive) {
   return caseSensitive ? std::string(text) : rich_text::LowerCase(text);
@@ -81,7 +81,6 @@ int PageUpRow(int selected, int rows, float listHeight, float rowHeight) {
 ListSize SizeOfList(int number, const ListMetrics& metrics) {
   ListSize size;
   size.RowHeight = std::max(metrics.tmHeight + 4, IconSize);
-  size.ColumnWidth = metrics.TwipsX * RoomInColumn + metrics.maxW;
   size.Height = metrics.TwipsY * (static_cast<float>(number) * static_cast<float>(size.RowHeight) +
                                   static_cast<float>(metrics.DialogFrame));
   size.Scrolls = size.Height > GreatestHeight;

@@ -71,7 +71,6 @@ struct ListMetrics {
 
 struct ListSize {
   float Width = 0, Height = 0;  ///< of the window, twips
-  float ColumnWidth = 0;        ///< twips
   int RowHeight = 0;            ///< pixels
   bool Scrolls = false;         ///< higher than a list may be
 };

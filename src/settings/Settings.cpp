@@ -12,7 +12,6 @@ void SetDefaultFonts(Settings& values) {
   values.ProportionalFont = defaults.ProportionalFont;
   values.FixedFont = defaults.FixedFont;
   values.DosFont = defaults.DosFont;
-  values.DosFontCharset = defaults.DosFontCharset;
 }
 
 }  // namespace settings

@@ -41,7 +41,6 @@ struct Settings {
   platform::FontRecord ProportionalFont{.Name = "Arial"};
   platform::FontRecord FixedFont{.Name = "Courier New", .Fixed = true};
   platform::FontRecord DosFont{.Name = "Andale Mono", .Fixed = true};
-  std::int16_t DosFontCharset = 255;  ///< 255 is the DOS character set
   FramePlace Frame;
   std::vector<std::string> History;               ///< recent files to store, at most 3, the oldest first
   std::vector<templates::Template> Associations;  ///< the user's: Extension and FileName; Name is ""
@@ -54,7 +53,7 @@ struct Settings {
 /// The version that this release stores.
 inline constexpr const char* SettingsVersion = "3.0";
 
-/// Arial, Courier New and Andale Mono, 10 points, plain; the DOS font in the DOS character set.
+/// Arial, Courier New and Andale Mono, 10 points, plain.
 void SetDefaultFonts(Settings& values);
 
 }  // namespace settings

@@ -103,10 +103,8 @@ class Load {
 
   bool ReadFonts() {
     m_progress.At("Reading Fonts");
-    for (const FontPlace& place : FontPlaces()) {
+    for (const FontPlace& place : FontPlaces())
       if (!Succeeded(ReadFont(m_registry, place.Key, m_values.*place.Font))) return false;
-      m_values.DosFontCharset = 255;
-    }
     return true;
   }
 

@@ -109,10 +109,6 @@ QAction* ToolActions::OnBand(std::string_view tool, std::string_view caption) {
   return twin;
 }
 
-bool ToolActions::IsDynamic(std::string_view tool) const {
-  return Dynamic(tool) != nullptr;
-}
-
 const DynamicTool* ToolActions::Dynamic(std::string_view tool) const {
   const Entry* entry = EntryOf(tool);
   return entry ? entry->Dynamic.get() : nullptr;

@@ -27,10 +27,11 @@ class ToolActions {
   /// The action that stands on a band where the tool has this caption ("" for its own).
   QAction* OnBand(std::string_view tool, std::string_view caption);
 
-  bool IsDynamic(std::string_view tool) const;
-  /// The key and the icon of a dynamic tool.
+  /// A tool that was made by SetDynamic; null for any other.
   const DynamicTool* Dynamic(std::string_view tool) const;
+  /// Makes the tool, or gives the one of that name a new state.
   void SetDynamic(const DynamicTool& tool);
+  /// Takes it away; nothing for a designed tool.
   void RemoveDynamic(std::string_view tool);
 
   ToolState State(std::string_view tool) const;

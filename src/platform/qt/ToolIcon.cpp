@@ -74,13 +74,18 @@ class Engine : public QIconEngine {
   QString key() const override { return QStringLiteral("QuillmarkTool"); }
 
  private:
-  void Render(QPainter& painter, const QRect& square, QIcon::Mode mode) const {
-    QSvgRenderer renderer(Recoloured(m_drawing, LineColour(mode), AccentColour(mode)));
+  void Render(QPainter& painter, const QRect& square, QIcon::Mode mode) {
+    const QColor lines = LineColour(mode), accent = AccentColour(mode);
+    if (!m_renderer.isValid() || m_lines != lines || m_accent != accent)
+      m_renderer.load(Recoloured(m_drawing, lines, accent));
+    m_lines = lines, m_accent = accent;
     painter.setRenderHint(QPainter::Antialiasing);
-    renderer.render(&painter, square);
+    m_renderer.render(&painter, square);
   }
 
   QByteArray m_drawing;
+  QSvgRenderer m_renderer;  ///< the drawing as it was read last, in the colours below
+  QColor m_lines, m_accent;
 };
 
 }  // namespace

@@ -1,6 +1,7 @@
 // The editor's fields, options and buttons.
 
 #include <algorithm>
+#include <map>
 
 #include "template_editor/FormatLimits.h"
 #include "template_editor/TemplateEditor.h"
@@ -9,79 +10,40 @@
 namespace template_editor {
 namespace {
 
-/// What may not stand in a field.
-std::string_view ForbiddenIn(TextField field) {
-  switch (field) {
-    case TextField::DelimetersBox:
-      return " \r\n";
-    case TextField::txtWord:
-    case TextField::txtSynonym:
-      return "\"\r\n";
-    default:
-      return "";
-  }
-}
+using templates::EditorTemplate;
 
-/// The button that adds what a field holds.
-std::optional<Button> AddButtonOf(TextField field) {
-  switch (field) {
-    case TextField::ColName:
-    case TextField::ColHex:
-      return Button::colAdd;
-    case TextField::colWordName:
-      return Button::AddColWord;
-    case TextField::ActWordName:
-      return Button::ActAdd;
-    case TextField::DelimBox:
-      return Button::DelimAdd;
-    case TextField::wlstName:
-      return Button::wlstAdd;
-    default:
-      return std::nullopt;
-  }
-}
+/// Where a field's text is kept, unless it belongs to the action words or to the selected synonym; the button that adds
+/// what it holds; and what may not stand in it.
+struct FieldDesign {
+  std::string EditorTemplate::*General = nullptr;
+  std::string ColourLists::*Colours = nullptr;
+  std::optional<Button> Add = {};
+  std::string_view Forbidden = "";
+};
 
-/// Where the fields of General and About are kept; null for others.
-std::string templates::EditorTemplate::*GeneralMember(TextField field) {
-  using templates::EditorTemplate;
-  switch (field) {
-    case TextField::TemplateName:
-      return &EditorTemplate::Name;
-    case TextField::DefaultExt:
-      return &EditorTemplate::Extension;
-    case TextField::DelimetersBox:
-      return &EditorTemplate::Delimeters;
-    case TextField::hdfFile:
-      return &EditorTemplate::HelpFile;
-    case TextField::SaveExecute:
-      return &EditorTemplate::ExecuteCommand;
-    case TextField::VersionText:
-      return &EditorTemplate::Version;
-    case TextField::AuthorBox:
-      return &EditorTemplate::Author;
-    case TextField::DateBox:
-      return &EditorTemplate::Date;
-    case TextField::Comments:
-      return &EditorTemplate::Comments;
-    default:
-      return nullptr;
-  }
-}
-
-/// The same for the fields of the colour words' page.
-std::string ColourLists::*ColourMember(TextField field) {
-  switch (field) {
-    case TextField::ColName:
-      return &ColourLists::ColName;
-    case TextField::ColHex:
-      return &ColourLists::ColHex;
-    case TextField::colWordName:
-      return &ColourLists::colWordName;
-    case TextField::colEndWord:
-      return &ColourLists::colEndWord;
-    default:
-      return nullptr;
-  }
+FieldDesign DesignOf(TextField field) {
+  static const std::map<TextField, FieldDesign> designs = {
+      {TextField::TemplateName, {.General = &EditorTemplate::Name}},
+      {TextField::DefaultExt, {.General = &EditorTemplate::Extension}},
+      {TextField::DelimetersBox, {.General = &EditorTemplate::Delimeters, .Forbidden = " \r\n"}},
+      {TextField::hdfFile, {.General = &EditorTemplate::HelpFile}},
+      {TextField::SaveExecute, {.General = &EditorTemplate::ExecuteCommand}},
+      {TextField::VersionText, {.General = &EditorTemplate::Version}},
+      {TextField::AuthorBox, {.General = &EditorTemplate::Author}},
+      {TextField::DateBox, {.General = &EditorTemplate::Date}},
+      {TextField::Comments, {.General = &EditorTemplate::Comments}},
+      {TextField::ColName, {.Colours = &ColourLists::ColName, .Add = Button::colAdd}},
+      {TextField::ColHex, {.Colours = &ColourLists::ColHex, .Add = Button::colAdd}},
+      {TextField::colWordName, {.Colours = &ColourLists::colWordName, .Add = Button::AddColWord}},
+      {TextField::colEndWord, {.Colours = &ColourLists::colEndWord}},
+      {TextField::ActWordName, {.Add = Button::ActAdd}},
+      {TextField::DelimBox, {.Add = Button::DelimAdd}},
+      {TextField::wlstName, {.Add = Button::wlstAdd}},
+      {TextField::txtWord, {.Forbidden = "\"\r\n"}},
+      {TextField::txtSynonym, {.Forbidden = "\"\r\n"}},
+  };
+  const auto found = designs.find(field);
+  return found == designs.end() ? FieldDesign() : found->second;
 }
 
 /// A text as part of a caption, where "&" marks an access key.
@@ -114,14 +76,14 @@ const std::string& TemplateEditor::TextOf(TextField field) const {
     default:
       break;
   }
-  if (const auto member = GeneralMember(field)) return m_general.*member;
-  return m_colours.*ColourMember(field);
+  const FieldDesign design = DesignOf(field);
+  return design.General ? m_general.*design.General : m_colours.*design.Colours;
 }
 
 std::string TemplateEditor::Cleaned(TextField field, std::string_view text) {
-  std::string cleaned;
-  for (const char c : text)
-    if (ForbiddenIn(field).find(c) == std::string_view::npos) cleaned += c;
+  const std::string_view forbidden = DesignOf(field).Forbidden;
+  std::string cleaned(text);
+  std::erase_if(cleaned, [&](char c) { return forbidden.find(c) != std::string_view::npos; });
   return cleaned;
 }
 
@@ -133,7 +95,7 @@ bool TemplateEditor::Typed(TextField field, std::string_view text) {
     TypeInto(field, std::move(cleaned));
     MarkChanged();
   }
-  if (const auto button = AddButtonOf(field)) m_defaultButton = button;
+  if (const auto button = DesignOf(field).Add) m_defaultButton = button;
   return asTyped;
 }
 
@@ -157,10 +119,8 @@ void TemplateEditor::TypeInto(TextField field, std::string text) {
     default:
       break;
   }
-  if (const auto member = GeneralMember(field))
-    m_general.*member = std::move(text);
-  else
-    m_colours.*ColourMember(field) = std::move(text);
+  const FieldDesign design = DesignOf(field);
+  (design.General ? m_general.*design.General : m_colours.*design.Colours) = std::move(text);
 }
 
 bool TemplateEditor::FieldEnabled(TextField field) const {

@@ -2,7 +2,7 @@
 
 #include "editor/LinePass.h"
 #include "editor/PassTables.h"
-#include "editor/WholePass.h"
+#include "editor/SplitPass.h"
 #include "rich_text/Encoding.h"
 
 namespace editor {
@@ -48,8 +48,8 @@ ColourPass::~ColourPass() = default;
 ColourPass::ColourPass(ColourPass&&) noexcept = default;
 ColourPass& ColourPass::operator=(ColourPass&&) noexcept = default;
 
-std::vector<PassRun> ColourPass::Whole(std::string_view text, const Progress& progress) const {
-  return WholePass(*m_tables, text, progress).Run();
+std::vector<PassRun> ColourPass::Whole(std::string_view text, const Progress& progress, std::size_t parts) const {
+  return SplitPass(*m_tables, text, progress, parts).Run();
 }
 
 ColourPass::LineResult ColourPass::Lines(std::string_view text, bool closeAtLineEnd,

@@ -31,6 +31,7 @@ struct PassRun {
   std::size_t End = 0;      ///< byte offset; the text's size when the run stays open
   std::int16_t Colour = 0;  ///< the colour word's own number, which may have no colour
   RunClose Close = RunClose::InText;
+  bool operator==(const PassRun&) const = default;
 };
 
 /// Case-folds as the template says: lower case unless it is case-sensitive.
@@ -53,8 +54,9 @@ class ColourPass {
   /// Called now and then with the bytes done so far; false stops the pass, and what was found so far counts.
   using Progress = std::function<bool(std::size_t done)>;
 
-  /// The whole-document pass.
-  std::vector<PassRun> Whole(std::string_view text, const Progress& progress = {}) const;
+  /// The whole-document pass. A long text is passed over in parts at the same time, by default as many as pay; what
+  /// is found is the same. The progress is called in this thread.
+  std::vector<PassRun> Whole(std::string_view text, const Progress& progress = {}, std::size_t parts = 0) const;
 
   /// What the line pass gave.
   struct LineResult {

@@ -13,25 +13,27 @@ constexpr std::size_t ReportEveryBytes = 64 * 1024;
 
 }  // namespace
 
-std::vector<PassRun> WholePass::Run() {
-  std::vector<PassRun> runs;
-  runs.reserve(m_text.size() / 40);
-  UnitPosition from{0, 0, true};
-  while (const std::optional<Found> found = FindNext(from)) {
-    const PassWord& word = m_tables.Words[found->Word];
-    const RunBounds bounds = MeasureRun(m_tables.Fold, word, m_text, found->Start, found->End);
-    runs.push_back(bounds.ToRun(m_text, word.Colour));
-    if (!bounds.Found) break;
-    // The search goes on behind the switch that ends the run, and as many units further as the end word has.
-    from = word.End.Characters() == 0 ? bounds.End : Advance(m_text, bounds.End, word.End.Characters());
-    from.BehindSpace = word.End.Characters() == 0;
+bool WholePass::Next(UnitPosition& place, std::size_t until, std::vector<PassRun>& runs) {
+  m_until = std::min(until, m_text.size());
+  const std::optional<Found> found = FindNext(place);
+  if (!found) {
+    m_over = m_over || place.Offset >= m_text.size();
+    return false;
   }
-  return runs;
+  const PassWord& word = m_tables.Words[found->Word];
+  const RunBounds bounds = MeasureRun(m_tables.Fold, word, m_text, found->Start, found->End);
+  runs.push_back(bounds.ToRun(m_text, word.Colour));
+  m_over = !bounds.Found;
+  // The search goes on behind the switch that ends the run, and as many units further as the end word has.
+  place = word.End.Characters() == 0 ? bounds.End : Advance(m_text, bounds.End, word.End.Characters());
+  place.BehindSpace = word.End.Characters() == 0;
+  return true;
 }
 
 bool WholePass::GoesOn(std::size_t done) {
   m_nextReport = done + ReportEveryBytes;
-  return !m_progress || m_progress(done);
+  m_over = m_progress && !m_progress(done);
+  return !m_over;
 }
 
 bool WholePass::IsDelimeterAt(std::size_t offset, ByteKind kind) const {
@@ -75,7 +77,7 @@ void WholePass::AtTrie(std::size_t start, bool behindDelimeter, Found& best) con
 // Most of a text begins no word; this is where the time of a pass goes. Nobody can guess where a token ends, so a
 // branch there is dear: a block's bytes are sorted into sets of bits first.
 std::size_t WholePass::Skim(std::size_t from, Found& found) const {
-  const std::size_t size = std::min(m_text.size(), m_nextReport);
+  const std::size_t size = std::min(m_until, m_nextReport);
   std::size_t i = from;
   while (i < size) {
     if (i + SkimFilter::BlockBytes + SkimFilter::ReadsBehind > m_text.size()) return SkimBytes(i, size, found);
@@ -134,18 +136,18 @@ std::size_t WholePass::SkimBytes(std::size_t from, std::size_t size, Found& foun
   return i;
 }
 
-std::optional<WholePass::Found> WholePass::FindNext(UnitPosition from) {
+std::optional<WholePass::Found> WholePass::FindNext(UnitPosition& from) {
   std::size_t i = from.Offset;
   const bool behindLineEnd = m_tables.Delimeters.Has(' ');
   const bool skims = behindLineEnd && !m_tables.AnywhereInTokens;
   bool behind = from.BehindSpace ? behindLineEnd : m_tables.Delimeters.HasBefore(m_text, i);
-  while (i < m_text.size()) {
-    if (i >= m_nextReport && !GoesOn(i)) return std::nullopt;
+  while (i < m_until) {
+    if (i >= m_nextReport && !GoesOn(i)) break;
     Found best;
     if (skims && behind) {
       i = Skim(i, best);
       if (best.Word != TokenTable::NoWord) return best;
-      if (i >= m_text.size() || i >= m_nextReport) continue;
+      if (i >= m_until || i >= m_nextReport) continue;
     }
     const ByteKind kind = m_tables.Kinds[static_cast<unsigned char>(m_text[i])];
     if (kind == ByteKind::LineEnd || kind == ByteKind::Delimeter) {
@@ -164,6 +166,7 @@ std::optional<WholePass::Found> WholePass::FindNext(UnitPosition from) {
       i = tokenEnd;
     behind = isDelimeter;
   }
+  if (i > from.Offset) from = {i};  // what stands before it is in the text
   return std::nullopt;
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 // The whole-document pass over one text. Private to the colouring passes.
 
-#include <functional>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -16,7 +15,11 @@ class WholePass {
   WholePass(const PassTables& tables, std::string_view text, const ColourPass::Progress& progress)
       : m_tables(tables), m_text(text), m_progress(progress) {}
 
-  std::vector<PassRun> Run();
+  /// Appends the next run that is found from a place on, and goes to the place from which the search goes on. False
+  /// when there is none before `until`, a byte offset: the place is then there, or behind a token that reaches further.
+  bool Next(UnitPosition& place, std::size_t until, std::vector<PassRun>& runs);
+  /// Whether nothing more can be found: at the end of the text, behind a run that stays open, or stopped.
+  bool Over() const { return m_over; }
 
  private:
   struct Found {
@@ -24,8 +27,8 @@ class WholePass {
     std::size_t Start = 0, End = 0;
   };
 
-  /// The first counting occurrence at or after a place; none at the end of the text and when the pass was stopped.
-  std::optional<Found> FindNext(UnitPosition from);
+  /// The first counting occurrence at or after a place; without one the place is where the search ended.
+  std::optional<Found> FindNext(UnitPosition& from);
   /// The occurrence at the token that starts at `start`; sets `tokenEnd`.
   Found AtToken(std::size_t start, bool behindDelimeter, std::size_t& tokenEnd) const;
   void AtTrie(std::size_t start, bool behindDelimeter, Found& best) const;
@@ -44,7 +47,8 @@ class WholePass {
   const PassTables& m_tables;
   std::string_view m_text;
   const ColourPass::Progress& m_progress;
-  std::size_t m_nextReport = 0;
+  std::size_t m_nextReport = 0, m_until = 0;
+  bool m_over = false;
 };
 
 }  // namespace editor

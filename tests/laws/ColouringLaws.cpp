@@ -71,6 +71,19 @@ TEST(ColouringLaws, WholeDocument) {
   EXPECT_GT(tally.Coloured, runs / 3);
 }
 
+TEST(ColouringLaws, PartsOfADocument) {
+  constexpr std::uint64_t Parts = 6;
+  for (std::uint64_t seed = FirstSeed(); seed < FirstSeed() + Runs(20'000); ++seed) {
+    Dice dice(seed);
+    const RandomCase made = MakeRandomCase(dice);
+    const editor::ColourPass pass(made.Fields());
+    std::string text;
+    for (std::uint64_t i = 0; i < Parts; ++i) text += made.TextUtf8() + (dice.Below(2) == 0 ? "\n" : "\r\n");
+    const std::size_t parts = 2 + dice.Below(Parts);
+    ASSERT_EQ(pass.Whole(text, {}, parts), pass.Whole(text, {}, 1)) << "seed " << seed << ", parts " << parts;
+  }
+}
+
 TEST(ColouringLaws, Lines) {
   const std::uint64_t runs = Runs(120'000);
   const Tally tally = Compare(

@@ -4,6 +4,7 @@ import contextlib
 import json
 import os
 import pathlib
+import shutil
 import subprocess
 import tempfile
 import time
@@ -17,10 +18,10 @@ class Display:
     """An X server with a window manager and a home folder where nobody has settings."""
 
     def __init__(self, stopwatch, templates, home, number):
-        self.stopwatch = stopwatch
+        self.stopwatch, self.state = stopwatch, f"{home}/state"
         self.environment = {
             **os.environ, "DISPLAY": f":{number}", "HOME": home, "XDG_DATA_HOME": f"{home}/data", "XDG_CONFIG_HOME": f"{home}/config",
-            "XDG_STATE_HOME": f"{home}/state", "XDG_RUNTIME_DIR": home, "QT_QPA_PLATFORM": "xcb", "QUILLMARK_HOME": str(templates),
+            "XDG_STATE_HOME": self.state, "XDG_RUNTIME_DIR": home, "QT_QPA_PLATFORM": "xcb", "QUILLMARK_HOME": str(templates),
             "LC_ALL": "C.UTF-8",
             "NO_AT_BRIDGE": "1",  # without a session bus the peer would wait for it
         }
@@ -38,6 +39,7 @@ class Display:
 
     def keys(self, count, place, command):
         """Milliseconds from each key to its pixels. The place is "end" or "here"."""
+        shutil.rmtree(self.state, ignore_errors=True)  # nobody is asked about the text of the run before, which was killed
         return self._measure("keys", count, place, *command)["samples"]
 
 

@@ -27,6 +27,7 @@ class Display:
         }
 
     def _measure(self, *arguments):
+        shutil.rmtree(self.state, ignore_errors=True)  # nobody is asked about the text of the run before, which was killed
         run = subprocess.run([self.stopwatch, *map(str, arguments)], env=self.environment, stdout=subprocess.PIPE,
                              stderr=subprocess.PIPE, text=True, check=False, timeout=600)
         if run.returncode != 0:
@@ -39,7 +40,6 @@ class Display:
 
     def keys(self, count, place, command):
         """Milliseconds from each key to its pixels. The place is "end" or "here"."""
-        shutil.rmtree(self.state, ignore_errors=True)  # nobody is asked about the text of the run before, which was killed
         return self._measure("keys", count, place, *command)["samples"]
 
 

@@ -19,15 +19,20 @@ constexpr std::array<char16_t, 32> Windows1252High = {0x20AC, 0x0081, 0x201A, 0x
                                                       0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
                                                       0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
+template <std::size_t Bytes>
 bool IsAsciiBlock(const char* bytes) {
-  std::uint64_t block;
-  std::memcpy(&block, bytes, sizeof block);
-  return (block & 0x8080808080808080U) == 0;
+  std::array<std::uint64_t, Bytes / 8> words;
+  std::memcpy(words.data(), bytes, sizeof words);
+  std::uint64_t all = 0;
+  for (const std::uint64_t word : words) all |= word;
+  return (all & 0x8080808080808080U) == 0;
 }
 
-/// The length of the ASCII stretch at `offset`, found in blocks of eight; may stop up to seven bytes early.
+/// The end of the ASCII stretch at `offset`, found in blocks; may stop up to seven bytes early.
 std::size_t SkipAscii(std::string_view text, std::size_t offset) {
-  while (offset + 8 <= text.size() && IsAsciiBlock(text.data() + offset)) offset += 8;
+  constexpr std::size_t Long = 64;
+  while (offset + Long <= text.size() && IsAsciiBlock<Long>(text.data() + offset)) offset += Long;
+  while (offset + 8 <= text.size() && IsAsciiBlock<8>(text.data() + offset)) offset += 8;
   return offset;
 }
 

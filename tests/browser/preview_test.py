@@ -4,18 +4,39 @@
 DRIVER is preview_driver. A picture of each page lands in the folder PICTURES. Ends with 77 where no browser starts.
 """
 
+import os
 import pathlib
 import subprocess
 import sys
 import tempfile
 import unittest
 
-import webdriver
+from selenium import webdriver
+from selenium.common.exceptions import WebDriverException
+from selenium.webdriver.chrome.service import Service
+from selenium.webdriver.common.action_chains import ActionChains
+from selenium.webdriver.common.by import By
+from selenium.webdriver.common.keys import Keys
+from selenium.webdriver.support.wait import WebDriverWait
 
 DRIVER, PICTURES = (pathlib.Path(argument).resolve() for argument in sys.argv[1:3])
+CHROMIUM, CHROMEDRIVER = "/usr/bin/chromium", "/usr/bin/chromedriver"
+FLAGS = ["--headless", "--no-sandbox", "--disable-gpu", "--disable-quic", "--no-first-run", "--disable-background-networking",
+         "--disable-component-update", "--disable-sync", "--window-size=900,700"]
+PATIENCE = 20  # seconds that a condition may take on a busy machine
 WELCOME = pathlib.Path(__file__).resolve().parents[2] / "examples/welcome.js"
 TITLE = "Quillmark Generated JavaScript Preview"
 FIELD, BUTTON, FRAME = "input[name=Command]", "input[name=Exec]", "iframe[name=ScriptExec]"
+
+
+def start_browser(home):
+    """A browser without a window and with an empty profile."""
+    options = webdriver.ChromeOptions()
+    options.binary_location = CHROMIUM
+    options.set_capability("goog:loggingPrefs", {"browser": "ALL"})
+    for flag in [*FLAGS, f"--user-data-dir={home}/profile"]:
+        options.add_argument(flag)
+    return webdriver.Chrome(service=Service(CHROMEDRIVER, env={**os.environ, "HOME": home}), options=options)
 
 
 class PreviewPage(unittest.TestCase):
@@ -28,7 +49,7 @@ class PreviewPage(unittest.TestCase):
         self.folder.mkdir()
 
     def tearDown(self):
-        self.browser.picture(PICTURES / f"{self.id().rpartition('test_')[2]}.png")
+        self.browser.save_screenshot(str(PICTURES / f"{self.id().rpartition('test_')[2]}.png"))
 
     def preview(self, script):
         """Opens the page of a script in the browser and gives what it complains of."""
@@ -36,31 +57,47 @@ class PreviewPage(unittest.TestCase):
         path.write_bytes(script.encode())
         address = subprocess.run([DRIVER, path, self.folder], capture_output=True, text=True, check=True, timeout=30).stdout
         self.assertRegex(address, r"^file:///\S+\n$")
-        self.browser.open(address.strip())
-        return " ".join(self.browser.complaints())
+        self.browser.get(address.strip())
+        return " ".join(self.complaints())
+
+    def complaints(self):
+        """The errors of the page's scripts since the last call; what they log is left out."""
+        return [entry["message"] for entry in self.browser.get_log("browser") if entry["level"] == "SEVERE"]
+
+    def result(self):
+        """What is read in the frame, whatever page is in it."""
+        self.browser.switch_to.frame(self.browser.find_element(By.CSS_SELECTOR, FRAME))
+        try:
+            return self.browser.execute_script("return document.body.innerText")
+        finally:
+            self.browser.switch_to.parent_frame()
+
+    def wait_for(self, condition, what):
+        """A page that is just changing has no value, and is asked again."""
+        wait = WebDriverWait(self.browser, PATIENCE, 0.01, [WebDriverException])
+        return wait.until(lambda _: condition(), f"waited in vain for {what}")
 
     def execute(self, command, by_button=False):
-        self.browser.click(FIELD)
-        self.browser.clear(FIELD)
-        self.browser.click(FIELD)
-        self.browser.type(command if by_button else command + webdriver.ENTER)
+        field = self.browser.find_element(By.CSS_SELECTOR, FIELD)
+        field.clear()
+        field.click()
+        ActionChains(self.browser).send_keys(command if by_button else command + Keys.ENTER).perform()
         if by_button:
-            self.browser.click(BUTTON)
+            self.browser.find_element(By.CSS_SELECTOR, BUTTON).click()
 
     def assert_result(self, expected):
-        webdriver.wait_for(lambda: self.browser.text_in_frame(FRAME) == expected)
-        self.assertEqual((self.browser.text_in_frame(FRAME), self.browser.complaints()), (expected, []))
+        self.wait_for(lambda: self.result() == expected, f"the result {expected}")
+        self.assertEqual(self.complaints(), [])
 
     def assert_complaint(self, expected):
-        complaints = webdriver.wait_for(self.browser.complaints)
-        self.assertRegex(" ".join(complaints), expected)
-        self.assertEqual(self.browser.text_in_frame(FRAME), "")
+        self.assertRegex(" ".join(self.wait_for(self.complaints, f"the complaint {expected}")), expected)
+        self.assertEqual(self.result(), "")
 
     def test_functions_of_the_welcome_script_run_from_the_field(self):
         for by_button in (False, True):
             with self.subTest(by_button=by_button):
                 self.preview(WELCOME.read_text(encoding="utf-8"))
-                self.assertEqual(self.browser.run("return document.title"), TITLE)
+                self.assertEqual(self.browser.execute_script("return document.title"), TITLE)
                 self.execute("countTags([{tags: ['sea']}, {tags: ['sea', 'craft']}]).join()", by_button)
                 self.assert_result("craft,1,sea,2")
 
@@ -99,31 +136,34 @@ class PreviewPage(unittest.TestCase):
         # Chromium takes a frame that shows a text for a stranger's. It loads the page anew instead, and then obeys.
         again, expected = "told().length + ' letters'", "7 letters"
         self.execute(again)
-        webdriver.wait_for(lambda: self.browser.text_in_frame(FRAME) == expected
-                           or "?Command=told" in self.browser.run("return location.href"))
-        if self.browser.text_in_frame(FRAME) != expected:
-            self.browser.complaints()
+        self.wait_for(lambda: self.result() == expected or "?Command=told" in self.browser.current_url, "the frame or the page")
+        if self.result() != expected:
+            self.complaints()
             self.execute(again)
         self.assert_result(expected)
 
     def test_markup_stands_in_the_page_above_the_field(self):
         self.preview("<script>function say(who) { return 'Hello ' + who; }</script><p>Grüße")
-        self.assertIn("Grüße", self.browser.run("return document.body.innerText"))
+        self.assertIn("Grüße", self.browser.execute_script("return document.body.innerText"))
         self.execute("say('Zoë')")
         self.assert_result("Hello Zoë")
 
     def test_a_whole_page_is_shown_as_it_is(self):
         self.preview("<HTML><title>Its own</title><p>Nothing else")
-        self.assertEqual(self.browser.run("return [document.title, document.body.innerText, document.forms.length]"),
+        self.assertEqual(self.browser.execute_script("return [document.title, document.body.innerText, document.forms.length]"),
                          ["Its own", "Nothing else", 0])
 
 
 if __name__ == "__main__":
     PICTURES.mkdir(parents=True, exist_ok=True)
-    try:
-        with webdriver.Browser() as PreviewPage.browser:
+    with tempfile.TemporaryDirectory(prefix="quillmark-browser.", ignore_cleanup_errors=True) as HOME:
+        try:
+            PreviewPage.browser = start_browser(HOME)
+        except WebDriverException as error:
+            print(f"No browser starts here: {error}")
+            sys.exit(77)
+        try:
             tests = unittest.main(argv=sys.argv[:1] + sys.argv[3:], exit=False)
-    except webdriver.CannotStart as error:
-        print(f"No browser starts here: {error}")
-        sys.exit(77)
+        finally:
+            PreviewPage.browser.quit()
     sys.exit(0 if tests.result.wasSuccessful() else 1)

@@ -76,22 +76,6 @@ TEST_F(ShippedFileLaws, PiecesFollowTheRules) {
   });
 }
 
-TEST_F(ShippedFileLaws, SingleLinesFollowTheRules) {
-  ForEachPair(Pairs::Own, [](const templates::TemplateFields& fields, const std::string& text) {
-    const editor::ColourPass pass(fields);
-    for (std::size_t begin = 0; begin < std::min(text.size(), OwnBytes / 2) && !testing::Test::HasFailure();) {
-      const std::size_t lineEnd = rich_text::FindLineEnd(text, begin);
-      const std::size_t end = lineEnd + rich_text::LineEndLength(text, lineEnd);
-      const std::string line = text.substr(begin, end - begin);
-      for (const bool close : {true, false})
-        EXPECT_EQ(FirstDifference(line, LiteralLines(fields, line, close),
-                                  FastLines(pass, fields.Colours.size(), line, close)),
-                  "");
-      begin = end;
-    }
-  });
-}
-
 /// A long text made of a shipped one, with line ends of all kinds and characters of all lengths.
 std::string LongText(const std::string& text, std::size_t bytes) {
   std::string grown;

@@ -4,9 +4,6 @@
 //
 //   open PATH          "opened LENGTH", the length of the text in bytes
 //   text PATH          replaces the whole text, as an edit, by the text in PATH
-//   look               the window becomes active: looks for changes by others
-//   undo               "undone"
-//   keep PATH          writes the text as it is in the window, "kept"
 //   save PATH          "saved" or "failed"
 //   answers YN…        what the next questions are answered; without more of them a box is closed
 //   loop PATH A B      saves the texts of A and B by turns until killed; "begin" and "end" around each save
@@ -63,9 +60,6 @@ class Driver {
     words >> verb >> path;
     if (verb == "open") return m_document.OpenFile(path), Say("opened " + std::to_string(m_control.Length()));
     if (verb == "text") return SetText(path), Say("edited");
-    if (verb == "look") return m_document.CheckFile(), Say("looked");
-    if (verb == "undo") return m_document.Undo(), Say("undone");
-    if (verb == "keep") return Say(platform::WriteFile(path, m_control.Text()).empty() ? "kept" : "failed");
     if (verb == "save") return Save(path);
     if (verb == "answers") return m_frame.Told.Answers = path, Say("answers");
     std::string first, second;

@@ -1,4 +1,4 @@
-"""Another program writes, replaces or removes the file: while it is open, and between the last look and the rename."""
+"""Another program writes, replaces or removes the file between the last look of a save and its rename."""
 
 import os
 import subprocess
@@ -72,54 +72,6 @@ def content(place):
     return place.path.read_bytes() if place.path.exists() else None
 
 
-def while_open(run, in_place):
-    count = 0
-    for name, change in CHANGES.items():
-        for answer in "NY":
-            place = Place(run, in_place)
-            talk = Conversation(run)
-            talk.say(f"open {place.path}")
-            change(place)
-            theirs = content(place)
-            asks = 0 if name == "touched" else 1
-            asked, _ = talk.say("look")  # without an answer: no
-            run.check(len(asked) == asks, f"{name}, on activation: {asked}")
-            run.check(talk.say("look")[0] == [], f"{name}: asked again about the same state")
-            talk.say(f"text {place.text}")
-            talk.say(f"answers {answer}")
-            asked, ended = talk.say(f"save {place.path}")
-            knows = name in ("touched", "deleted")  # a file that is gone was asked about already
-            run.check(len(asked) == (0 if knows else 1), f"{name}, before saving: {asked}")
-            should_save = answer == "Y" or knows
-            run.check(ended == ("saved" if should_save else "failed"), f"{name}, answered {answer}: {ended}")
-            run.check(content(place) == (place.new if should_save else theirs), f"{name}, answered {answer}: the file differs")
-            talk.end()
-            run.check(not place.others(), f"{name}: left beside: {place.others()}")
-            count += 1
-    run.say(f"changed by others while open, {place.kind()}: {count} cases, asked about once each")
-
-
-def reload(run):
-    count = 0
-    for name in ("appended", "same size and time", "replaced"):
-        place = Place(run, False)
-        kept = place.text.parent / "kept"
-        talk = Conversation(run)
-        talk.say(f"open {place.path}")
-        talk.say(f"text {place.text}")  # a change of the user's own
-        CHANGES[name](place)
-        talk.say("answers Y")
-        asked, _ = talk.say("look")
-        talk.say(f"keep {kept}")
-        run.check(len(asked) == 1 and kept.read_bytes() == content(place), f"reloading what was {name}: {asked}")
-        talk.say("undo")
-        talk.say(f"keep {kept}")
-        run.check(kept.read_bytes() in (place.new, place.old), f"undo after reloading what was {name}")
-        talk.end()
-        count += 1
-    run.say(f"reloaded and taken back by undo: {count} cases")
-
-
 def interfere(run, place, call, change, answer):
     """Changes the file while the save is held up before `call`; gives the questions, the end, and their contents."""
     talk = Conversation(run, strace(call, "delay_enter=700000"))
@@ -179,9 +131,6 @@ def born_meanwhile(run):
 
 
 def others(run):
-    for in_place in (False, True):
-        while_open(run, in_place)
-    reload(run)
     run.need_trace()
     for in_place in (False, True):
         during_the_save(run, in_place)

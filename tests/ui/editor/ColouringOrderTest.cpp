@@ -84,21 +84,6 @@ TEST_F(ColouringOrder, ALineIsPlainWhileItIsEditedAndColouredHoweverItIsLeft) {
   }
 }
 
-TEST_F(ColouringOrder, AnOpenedCommentReachesAsFarAsTheModeSays) {
-  for (const auto& [mode, later] : std::vector<std::pair<Mode, std::string>>{
-           {Mode::None, "...."}, {Mode::Reduced, "...."}, {Mode::Edit, "cc.."}, {Mode::Full, "cccc"}}) {
-    SCOPED_TRACE(static_cast<int>(mode));
-    Open("a\nb\nif x\nif y", mode);
-    Type("/*");
-    Key(Qt::Key_Down);
-    EXPECT_EQ(Picture(0, 4), mode == Mode::None ? "...|" : "ccc|");
-    EXPECT_EQ(Picture(11), later);
-    Key(Qt::Key_Up), Key(Qt::Key_End), Type("*/"), Key(Qt::Key_Down);
-    EXPECT_EQ(m_box.Text().substr(0, 6), "/*a*/\n");
-    EXPECT_EQ(Picture(0, 6), mode == Mode::None ? ".....|" : "ccccc|");
-  }
-}
-
 TEST_F(ColouringOrder, LinesThatComeOrGoAtOnce) {
   std::string twenty;
   for (int line = 0; line < 20; ++line) twenty += "if z\n";

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/LoadedTemplate.h"
 #include "tests/support/MemoryTextControl.h"
 
 namespace aids {
@@ -14,7 +15,7 @@ class NotedList : public ListWindow {
  public:
   PopupOwner* Owner = nullptr;
   std::vector<std::string> Words;
-  int Row = 0, TopRow = 0;
+  int Row = 0;
   std::size_t Offset = 0;
 
   PopupOwner* OwnerWin() const override { return Owner; }
@@ -22,13 +23,13 @@ class NotedList : public ListWindow {
   void Unload() override { Owner = nullptr; }
   void Populate(std::vector<std::string>& words, const std::vector<std::int32_t>&, std::int16_t) override {
     Words = words;
-    Row = TopRow = 0;
+    Row = 0;
   }
   void ShowAt(std::size_t offset) override { Offset = offset; }
   int RowCount() const override { return static_cast<int>(Words.size()); }
   int SelectedRow() const override { return Row; }
   void SelectRow(int row) override { Row = row; }
-  void SelectTopRow(int row) override { Row = TopRow = row; }
+  void SelectTopRow(int row) override { Row = row; }
   float ListHeight() const override { return 50; }
   float RowHeight() const override { return 20; }
 };
@@ -46,27 +47,15 @@ class NotedTip : public TipWindow {
   }
 };
 
-constexpr int KeyA = 65, KeyShift = 16, KeyEsc = 27, KeyPageUp = 33, KeyPageDown = 34, KeyUp = 38, KeyDown = 40;
+constexpr int KeyA = 65, KeyEsc = 27;
 
 /// One document with the action word "doc": "." lists three words, "(" gives a hint.
 struct Page {
   Page(NotedList& list, NotedTip& tip) : Aids(Control, State, list, tip, [this] { ++Edits; }) {
-    State.Template.Delimeters = {".", "(", ")", ",", " ", "\r", "\n"};
-    auto word = std::make_shared<templates::Word>();
-    word->Name = "doc";
-    auto act = std::make_shared<templates::WrdAct>();
-    act->Delimeter = ".";
-    act->Action = templates::WrdAct::List;
-    act->SetNumberOfWords(3);
-    for (int i = 1; i <= 3; ++i) act->SetWordList(i, i == 1 ? "alpha" : i == 2 ? "print" : "printf");
-    act->AddTo(word->Actions);
-    auto hint = std::make_shared<templates::WrdAct>();
-    hint->Delimeter = "(";
-    hint->Action = templates::WrdAct::Tooltip;
-    hint->tipText = "doc(a, b)";
-    hint->AddTo(word->Actions);
-    State.ActionWord = word;
-    State.Template.Synonyms.Add(std::make_shared<templates::Synonym>(templates::Synonym{"d", "DOC"}), "d");
+    State.Template = tests::LoadedTemplate(
+        "D: .(),\nW: \"doc\" 2\n2 \".\" 3\n\"\"\nalpha 1\nprint 1\nprintf 1\n1 \"(\" 0\n\"doc(a, b)\"\n"
+        "Y: \"d\" \"DOC\"\n");
+    State.ActionWord = State.Template.Words.Item("doc");
   }
 
   /// The text with the caret at "|", after which `delimeter` was typed behind the word and a key goes up.
@@ -127,38 +116,6 @@ TEST_F(PopupsTest, ARequestIsTakenUpWhereItsWordStands) {
       EXPECT_EQ(shown, c.Shown);
     }
   }
-}
-
-TEST_F(PopupsTest, TypingNarrowsAndKeysSelect) {
-  m_page.Ask("doc.|prxyz(", U'.');
-  EXPECT_EQ(m_list.Row, 0) << "opens with no row selected, whatever stands behind the caret";
-  struct Step {
-    int Key;
-    bool Consumed;
-    int Row;
-  };
-  const Step steps[] = {{KeyDown, true, 1},     {KeyUp, false, 1},     {KeyDown, true, 2},   {KeyDown, true, 3},
-                        {KeyDown, false, 3},    {KeyUp, true, 2},      {KeyPageUp, true, 1}, {KeyPageDown, true, 2},
-                        {KeyPageDown, true, 3}, {KeyPageDown, true, 3}};
-  for (const Step& step : steps) {
-    EXPECT_EQ(m_page.Aids.KeyDown(step.Key, 0), step.Consumed) << step.Key;
-    EXPECT_TRUE(m_page.Aids.KeyUp(step.Key, 0)) << "the release is swallowed";
-    EXPECT_EQ(m_list.Row, step.Row);
-  }
-  EXPECT_FALSE(m_page.Aids.KeyUp(KeyShift, 0));
-  EXPECT_EQ(m_list.Row, 0) << "prxyz begins no word";
-  m_page.Control.SetSelLength(5);
-  m_page.Type("PR");
-  EXPECT_EQ(m_list.TopRow, 2);
-  m_page.Type("intf");
-  EXPECT_EQ(m_list.TopRow, 3);
-  m_page.Aids.WriteIt();
-  EXPECT_EQ(m_page.Control.Text(), "doc.printf(");
-  EXPECT_EQ(m_page.Control.SelStart(), 10u);
-  EXPECT_FALSE(m_page.Aids.PopupListShown());
-  EXPECT_EQ(m_page.Edits, 1);
-  EXPECT_FALSE(m_page.Aids.KeyDown(KeyDown, 0)) << "the arrow is the text's again";
-  EXPECT_FALSE(m_page.Aids.KeyUp(KeyDown, 0));
 }
 
 TEST_F(PopupsTest, WhatClosesTheListWritesNothingWithoutASelectedRow) {

@@ -12,6 +12,7 @@
 #include "platform/Files.h"
 #include "tests/support/FakeFrame.h"
 #include "tests/support/FakeShell.h"
+#include "tests/support/LoadedTemplate.h"
 #include "tests/support/MemoryTextControl.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -55,14 +56,7 @@ struct Desk {
   tests::FakeFrame Frame;
   tests::FakeShell Shell;
 
-  Desk() {
-    State.Template.Delimeters = {" ", "(", ")", "\r", "\n"};
-    for (const char* name : {"Document", "Window"}) {
-      auto word = std::make_shared<templates::Word>();
-      word->Name = name;
-      word->AddTo(State.Template.Words);
-    }
-  }
+  Desk() { State.Template = tests::LoadedTemplate("D: ()\nW: \"Document\" 0\nW: \"Window\" 0\n"); }
   void Type(const std::string& text, std::size_t caret) {
     Control.SetText(text);
     Control.SetSelStart(caret);

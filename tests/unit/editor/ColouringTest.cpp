@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "templates/Loader.h"
 #include "tests/support/Characters.h"
 #include "tests/support/FakeFrame.h"
+#include "tests/support/LoadedTemplate.h"
 #include "tests/support/MemoryTextControl.h"
 #include "tests/support/TextControlContract.h"
 
@@ -25,10 +25,7 @@ class ColouringTest : public testing::Test {
   ColouringTest() { Use(Script); }
 
   void Use(std::string_view definition) {
-    templates::CollectedMessages messages;
-    std::string helpFile;
-    templates::LoadTemplateText(definition, "test.def", m_state.Template, {}, messages, helpFile);
-    EXPECT_TRUE(messages.Problems.empty());
+    m_state.Template = tests::LoadedTemplate(definition);
     m_colouring.TemplateChanged();
   }
 

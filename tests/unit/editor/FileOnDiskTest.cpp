@@ -70,6 +70,15 @@ TEST_F(FileOnDiskTest, AnAnswerHoldsForOneStateOfTheFile) {
   EXPECT_TRUE(Save());
 }
 
+TEST_F(FileOnDiskTest, OtherBytesOfTheSameNumberAndTimeAreAChange) {
+  const auto time = std::filesystem::last_write_time(m_path);
+  m_folder.Write("file", "other\nline\n");
+  std::filesystem::last_write_time(m_path, time);
+  Expect(Changed + std::string("  Reload it?"), PromptAnswer::Yes, PromptAnswer::Yes);
+  m_document.CheckFile();
+  EXPECT_EQ(m_control.Text(), "other\nline\n");
+}
+
 TEST_F(FileOnDiskTest, AnotherTimeOrInodeAloneIsNoChange) {
   m_folder.Write("copy", "first\nline\n");
   std::filesystem::rename(m_folder.Path("copy"), m_path);

@@ -162,20 +162,10 @@ TEST_F(KeyRulesTest, Enter) {
 }
 
 TEST_F(KeyRulesTest, ADelimeterAfterAnActionWordAsksForItsPopup) {
-  m_document.SetTemplate(m_folder.Write("A.def", "N: A\nD: (.;\n"));
-  auto& fields = m_document.State().Template;
-  fields.Words.Clear();
-  const auto add = [&](const std::string& name, const std::string& delimeter, std::int16_t action) {
-    auto word = std::make_shared<templates::Word>();
-    word->Name = name;
-    auto act = std::make_shared<templates::WrdAct>();
-    act->Delimeter = delimeter;
-    act->Action = action;
-    act->AddTo(word->Actions);
-    word->AddTo(fields.Words);
-  };
-  add("Print", "(", 1), add("doc.open", ".", 2), add("alias", " ", 3);
-  fields.Synonyms.AddReplacing(std::make_shared<templates::Synonym>(templates::Synonym{"out", "print"}), "out");
+  m_document.SetTemplate(
+      m_folder.Write("A.def",
+                     "N: A\nD: (.;\nW: \"Print\" 1\n1 \"(\" 0\n\"\"\nW: \"doc.open\" 1\n2 \".\" 0\n\"\"\n"
+                     "W: \"alias\" 1\n3 \" \" 0\n\"\"\nY: \"out\" \"print\"\n"));
   struct Case {
     std::string Text, Typed, Word;
     bool Tip, List;

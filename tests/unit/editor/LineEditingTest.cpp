@@ -8,11 +8,11 @@
 #include <algorithm>
 
 #include "editor/rtfscan/Scanners.h"
-#include "templates/Loader.h"
 #include "tests/laws/Dice.h"
 #include "tests/support/Characters.h"
 #include "tests/support/DocumentFixture.h"
 #include "tests/support/FakePopups.h"
+#include "tests/support/LoadedTemplate.h"
 #include "tests/support/TextControlContract.h"
 
 namespace {
@@ -25,11 +25,8 @@ constexpr const char* Definition =
 class LiteralEditing : public tests::SilentEvents {
  public:
   explicit LiteralEditing(const settings::Settings& settings) : m_settings(settings) {
-    templates::CollectedMessages messages;
-    std::string helpFile;
-    templates::LoadTemplateText(Definition, "test.def", m_state.Template, {}, messages, helpFile);
+    m_state.Template = tests::LoadedTemplate(Definition);
   }
-
   void Open(const std::string& text) {
     m_control.SetEvents(nullptr);
     m_control.SetText(text);

@@ -7,7 +7,7 @@
 #include "editor/ColourPass.h"
 #include "platform/Files.h"
 #include "templates/HelpDefinition.h"
-#include "templates/Loader.h"
+#include "tests/support/LoadedTemplate.h"
 
 namespace {
 
@@ -19,16 +19,9 @@ std::string Read(const std::string& name) {
 
 /// The template as it is after a step of the tutorial, and the first text that it gives.
 templates::TemplateFields AfterStep(int step, std::string* firstText = nullptr) {
-  std::string definition, helpFile;
+  std::string definition;
   for (int i = 1; i <= step; ++i) definition += Read(std::to_string(i) + ".def");
-  templates::TemplateFields fields;
-  templates::CollectedMessages messages;
-  const templates::LoadResult loaded =
-      templates::LoadTemplateText(definition, "Garden.def", fields, {}, messages, helpFile);
-  for (const templates::LoadProblem& problem : messages.Problems)
-    ADD_FAILURE() << "step " << step << ", line " << problem.LineNumber << ": " << problem.Reason;
-  if (firstText) *firstText = loaded.InitialText;
-  return fields;
+  return tests::LoadedTemplate(definition, firstText);
 }
 
 /// "colour:text" of each run of the plan.

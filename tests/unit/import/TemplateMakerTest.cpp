@@ -5,8 +5,8 @@
 #include <gtest/gtest.h>
 
 #include "editor/ColourPass.h"
-#include "templates/Loader.h"
 #include "templates/Writer.h"
+#include "tests/support/LoadedTemplate.h"
 
 namespace {
 
@@ -44,12 +44,7 @@ std::string Coloured(const templates::TemplateFields& fields, const std::string&
 }
 
 templates::TemplateFields Loaded(const MadeTemplate& made) {
-  templates::TemplateFields fields;
-  templates::CollectedMessages messages;
-  std::string helpFile;
-  templates::LoadTemplateText(templates::WriteTemplate(made.Template, "d"), "x.def", fields, {}, messages, helpFile);
-  for (const templates::LoadProblem& problem : messages.Problems) ADD_FAILURE() << problem.Line << problem.Reason;
-  return fields;
+  return tests::LoadedTemplate(templates::WriteTemplate(made.Template, "d"));
 }
 
 TEST(TemplateMaker, LoadsAndColours) {

@@ -1,16 +1,17 @@
 #include "shell/ToolTable.h"
 
+#include <algorithm>
+
 #include "shell/ListedTool.h"
 
 namespace shell {
 namespace {
 
 using platform::BandDesign;
+using platform::BandEntry;
 using platform::BandKind;
 using platform::BarDesign;
 using platform::ToolDesign;
-
-constexpr platform::BandEntry Line{platform::Separator, ""};
 
 ToolDesign Command(std::string_view name, std::string_view caption, std::string_view description,
                    std::string_view shortcut, std::string_view icon) {
@@ -104,104 +105,41 @@ std::vector<ToolDesign> WindowAndHelpTools() {
   };
 }
 
-std::vector<BandDesign> Menus() {
-  return {
-      {"MenuBar", "Menu Bar", BandKind::MenuBar, 0, false, {{"mnuFile"}, {"mnuEdit"}, {"mnuWindow"}, {"mnuHelp"}}},
-      {"mnuFile",
-       "File Menu",
-       BandKind::Menu,
-       0,
-       false,
-       {{"new"},
-        {"open"},
-        {"OpenTemplate"},
-        {"save"},
-        {"saveas"},
-        {"SaveExec"},
-        {"GenPrev"},
-        {"Associations"},
-        Line,
-        {"History1"},
-        {"History2"},
-        {"History3"},
-        Line,
-        {"exit"}}},
-      {"mnuEdit",
-       "Edit Menu",
-       BandKind::Menu,
-       0,
-       false,
-       {{"miSelectAll"},
-        {"mnuSynonyms"},
-        Line,
-        {"miUndo"},
-        {"miRedo"},
-        Line,
-        {"miCut"},
-        {"miCopy"},
-        {"miPaste"},
-        Line,
-        {"miFind"},
-        {"miFindNext"},
-        {"miReplace"},
-        Line,
-        {"miRefresh"},
-        {"miWordWrap"},
-        {"fntSet"},
-        {"Options"}}},
-      {"mnuSynonyms",
-       "Synonyms Menu",
-       BandKind::Menu,
-       0,
-       false,
-       {{"miAddSynonym"}, {"miEditSynonyms"}, Line, {"miLoadSynonyms"}, {"miSaveSynonyms"}}},
-      {"mnuWindow",
-       "Window Menu",
-       BandKind::Menu,
-       0,
-       true,
-       {{"miWTileH"}, {"miWTileV"}, {"miWCascade"}, {"miWTileA"}, Line}},
-      {"mnuHelp",
-       "Help Menu",
-       BandKind::Menu,
-       0,
-       false,
-       {{"WordHelp"}, {"miHContents"}, {"miHSearch"}, Line, {"miHAbout"}, {"miHAboutTemplate"}, Line, {"Reset"}}},
-      {"Templates", "Templates", BandKind::Menu, 0, true, {Line, {"newTemplate"}}},
-  };
+// The tools of a band: names with blanks between them, "-" for a line, NAME=CAPTION where the band captions a tool.
+std::vector<BandEntry> Tools(std::string_view names) {
+  std::vector<BandEntry> tools;
+  while (!names.empty()) {
+    const std::string_view entry = names.substr(0, names.find(' '));
+    names.remove_prefix(std::min(names.size(), entry.size() + 1));
+    const std::size_t mark = std::min(entry.find('='), entry.size());
+    tools.push_back({entry == "-" ? platform::Separator : entry.substr(0, mark),
+                     mark < entry.size() ? entry.substr(mark + 1) : std::string_view()});
+  }
+  return tools;
 }
 
-std::vector<BandDesign> BarsAndPopups() {
+std::vector<BandDesign> Bands() {
   return {
-      {"Toolbar", "Toolbar", BandKind::Toolbar, 0, false, {{"new"},       {"open"},     {"OpenTemplate"},
-                                                           {"save"},      {"SaveExec"}, Line,
-                                                           {"miCut"},     {"miCopy"},   {"miPaste"},
-                                                           Line,          {"miUndo"},   {"miRedo"},
-                                                           Line,          {"miFind"},   {"miFindNext"},
-                                                           {"miReplace"}, Line,         {"miWordWrap"},
-                                                           {"miRefresh"}, {"GenPrev"}}},
-      {"tbrFonts",
-       "Fonts",
-       BandKind::Toolbar,
-       0,
-       false,
-       {{"fntProportional"}, {"fntFixedWidth"}, {"fntDOS"}, Line, {"fntSet"}}},
+      {"MenuBar", "Menu Bar", BandKind::MenuBar, 0, false, Tools("mnuFile mnuEdit mnuWindow mnuHelp")},
+      {"mnuFile", "File Menu", BandKind::Menu, 0, false,
+       Tools("new open OpenTemplate save saveas SaveExec GenPrev Associations - History1 History2 History3 - exit")},
+      {"mnuEdit", "Edit Menu", BandKind::Menu, 0, false,
+       Tools("miSelectAll mnuSynonyms - miUndo miRedo - miCut miCopy miPaste - miFind miFindNext miReplace - miRefresh "
+             "miWordWrap fntSet Options")},
+      {"mnuSynonyms", "Synonyms Menu", BandKind::Menu, 0, false,
+       Tools("miAddSynonym miEditSynonyms - miLoadSynonyms miSaveSynonyms")},
+      {"mnuWindow", "Window Menu", BandKind::Menu, 0, true, Tools("miWTileH miWTileV miWCascade miWTileA -")},
+      {"mnuHelp", "Help Menu", BandKind::Menu, 0, false,
+       Tools("WordHelp miHContents miHSearch - miHAbout miHAboutTemplate - Reset")},
+      {"Templates", "Templates", BandKind::Menu, 0, true, Tools("- newTemplate")},
+      {"Toolbar", "Toolbar", BandKind::Toolbar, 0, false,
+       Tools(
+           "new open OpenTemplate save SaveExec - miCut miCopy miPaste - miUndo miRedo - miFind miFindNext miReplace - "
+           "miWordWrap miRefresh GenPrev")},
+      {"tbrFonts", "Fonts", BandKind::Toolbar, 0, false, Tools("fntProportional fntFixedWidth fntDOS - fntSet")},
       {"WindowTabs", "Windows", BandKind::Tabs, 1, true, {}},
-      {"TextPopup",
-       "Text Menu",
-       BandKind::Popup,
-       0,
-       false,
-       {{"miAddSynonym"},
-        Line,
-        {"miUndo"},
-        {"miRedo"},
-        Line,
-        {"miCut"},
-        {"miCopy", "C&opy"},
-        {"miPaste"},
-        Line,
-        {"miSelectAll"}}},
+      {"TextPopup", "Text Menu", BandKind::Popup, 0, false,
+       Tools("miAddSynonym - miUndo miRedo - miCut miCopy=C&opy miPaste - miSelectAll")},
   };
 }
 
@@ -213,8 +151,7 @@ BarDesign MakeDesign() {
     ToolDesign& tool = design.Tools[i];
     tool.Id = tool.Name == "ResetToolbars" ? ResetToolbarsTool : static_cast<int>(i) + 1;
   }
-  for (const std::vector<BandDesign>& bands : {Menus(), BarsAndPopups()})
-    design.Bands.insert(design.Bands.end(), bands.begin(), bands.end());
+  design.Bands = Bands();
   return design;
 }
 

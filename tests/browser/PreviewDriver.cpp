@@ -1,8 +1,7 @@
 // Makes the preview page of a script as the editor's command does, and stands for the desktop that shows it:
 //
-//   preview_driver SCRIPT FOLDER   writes the page into FOLDER and prints the address that the desktop is asked to
-//   open,
-//                                  or what the user is told instead
+//   preview_driver SCRIPT FOLDER   writes the page into FOLDER and prints the address that the desktop is to open, or
+//                                  "asked" and what the user is told instead
 
 #include <QDesktopServices>
 #include <QGuiApplication>
@@ -13,7 +12,7 @@
 #include "platform/Files.h"
 #include "platform/qt/QtShell.h"
 #include "tests/support/MemoryTextControl.h"
-#include "tests/support/ScriptedPrompts.h"
+#include "tests/support/ToldPrompts.h"
 
 namespace {
 
@@ -21,14 +20,6 @@ class Desktop : public QObject {
   Q_OBJECT
  public Q_SLOTS:
   void Open(const QUrl& url) { std::cout << url.toEncoded().toStdString() << std::endl; }
-};
-
-class PrintedPrompts : public tests::ScriptedPrompts {
- public:
-  platform::PromptAnswer Show(const platform::MessageBox& box) override {
-    std::cout << box.Text << std::endl;
-    return platform::PromptAnswer::Ok;
-  }
 };
 
 }  // namespace
@@ -42,7 +33,7 @@ int main(int argc, char** argv) {
   tests::MemoryTextControl control;
   control.SetText(platform::ReadFile(argv[1]).Bytes);
   platform::qt::QtShell shell;
-  PrintedPrompts prompts;
+  tests::ToldPrompts prompts;
   aids::GenerateJavaScriptPreview(control, argv[2], {shell, prompts});
   QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
   return 0;

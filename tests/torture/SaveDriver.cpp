@@ -13,7 +13,6 @@
 
 #include <unistd.h>
 
-#include <algorithm>
 #include <iostream>
 #include <sstream>
 
@@ -21,31 +20,16 @@
 #include "platform/Files.h"
 #include "tests/support/FakeFrame.h"
 #include "tests/support/MemoryTextControl.h"
+#include "tests/support/ToldPrompts.h"
 
 namespace {
 
 constexpr const char* SaveBegins = "/quillmark-save-begins";
 constexpr const char* SaveEnds = "/quillmark-save-ends";
 
-/// Writes the questions down and answers from a list.
-class ToldPrompts : public tests::ScriptedPrompts {
- public:
-  std::string Answers;
-
-  platform::PromptAnswer Show(const platform::MessageBox& box) override {
-    std::string text = box.Text;
-    std::replace(text.begin(), text.end(), '\n', ' ');
-    std::cout << "asked " << text << std::endl;
-    if (box.Buttons == platform::PromptButtons::Ok) return platform::PromptAnswer::Ok;
-    const char answer = Answers.empty() ? 'N' : Answers.front();
-    if (!Answers.empty()) Answers.erase(0, 1);
-    return answer == 'Y' ? platform::PromptAnswer::Yes : platform::PromptAnswer::No;
-  }
-};
-
 class DriverFrame : public tests::FakeFrame {
  public:
-  ToldPrompts Told;
+  tests::ToldPrompts Told;
   platform::Prompts& Prompts() override { return Told; }
 };
 

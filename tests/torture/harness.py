@@ -24,14 +24,12 @@ class Run:
 
     def __init__(self, bin_folder, short, seed):
         self.driver = str(bin_folder / "save_driver")
-        self.quillmark = str(bin_folder / "quillmark")
         self.short, self.seed = short, seed
         self.random = random.Random(seed)
         self.failures, self.skips = 0, 0
         self.root = pathlib.Path(tempfile.mkdtemp(prefix="quillmark-torture."))
         os.chmod(self.root, 0o755)
         os.environ["XDG_STATE_HOME"] = str(self.root / "state")
-        os.environ["QT_QPA_PLATFORM"] = "offscreen"  # the drivers show nothing; what needs a display says so itself
         self._folders = 0
 
     def close(self):

@@ -17,12 +17,10 @@ import faults
 import keeps
 import kills
 import others
-import window
 from harness import Run, Skip
 
 
-KINDS = {"kills": kills.kills, "faults": faults.faults, "full": faults.full, "keeps": keeps.keeps,
-         "others": others.others, "window": window.window}
+KINDS = {"kills": kills.kills, "faults": faults.faults, "full": faults.full, "keeps": keeps.keeps, "others": others.others}
 
 
 def main():

@@ -1,13 +1,10 @@
 // The real frame with real keys and no display, to be killed from outside while somebody types.
 //
 //   type STATE FILE SEED PAUSE LOG   opens FILE ("-" for a new document), says "ready" and types until killed, a key
-//   each
-//                                    PAUSE milliseconds. LOG gets "MILLISECONDS pressed" and "MILLISECONDS done" for
-//                                    each key, between them "MILLISECONDS LENGTH HASH" for each text that it makes
+//                                    every PAUSE milliseconds. LOG gets "MILLISECONDS pressed" and "MILLISECONDS done"
+//                                    for each key, between them "MILLISECONDS LENGTH HASH" for each text that it makes
 //   restore STATE                    starts again and restores everything; "asked TEXT" for each question, then
 //                                    "restored PATH SAVED CARET LENGTH HASH" for each window, "-" for no path
-//   cost STATE FILE KEYS             types KEYS keys in the middle of FILE; "MEDIAN P95 LONGEST", microseconds from the
-//                                    key to the painted window. STATE "-" keeps no journal
 //
 // Times are those of the monotonic clock. The program ends without closing anything.
 
@@ -17,31 +14,17 @@
 #include <QApplication>
 #include <QMdiSubWindow>
 #include <QTest>
-#include <algorithm>
 #include <chrono>
 #include <iostream>
 
 #include "platform/FileIdentity.h"
 #include "shell/ui/BackWin.h"
 #include "tests/laws/Dice.h"
+#include "tests/support/ToldPrompts.h"
 
 namespace {
 
 using std::chrono::steady_clock;
-
-class YesToAll : public platform::Prompts {
- public:
-  platform::PromptAnswer Show(const platform::MessageBox& box) override {
-    std::string text = box.Text;
-    std::replace(text.begin(), text.end(), '\n', ' ');
-    std::cout << "asked " << text << std::endl;
-    return box.Buttons == platform::PromptButtons::Ok ? platform::PromptAnswer::Ok : platform::PromptAnswer::Yes;
-  }
-  std::string AskOpenFile(const platform::FileQuestion&) override { return ""; }
-  std::string AskSaveFile(const platform::FileQuestion&) override { return ""; }
-  std::optional<platform::FontRecord> AskFont(const platform::FontRecord&) override { return {}; }
-  std::optional<rich_text::ColourValue> AskColour(rich_text::ColourValue) override { return {}; }
-};
 
 std::string Fingerprint(const std::string& text) {
   return std::to_string(text.size()) + ' ' + std::to_string(platform::HashOf(text));
@@ -109,32 +92,17 @@ int Restore(shell::ui::BackWin& frame, char** arguments) {
   return 0;
 }
 
-int Cost(shell::ui::BackWin& frame, char** arguments) {
-  platform::qt::RichTextBox& box = Open(frame, arguments[0], arguments[1]).TextArea();
-  std::vector<long long> times;
-  for (int key = std::stoi(arguments[2]); key > 0; --key) {
-    const auto before = steady_clock::now();
-    QTest::keyClick(box.viewport(), static_cast<char>('a' + key % 26));
-    box.viewport()->repaint();
-    times.push_back(std::chrono::duration_cast<std::chrono::microseconds>(steady_clock::now() - before).count());
-    QTest::qWait(8);
-  }
-  std::sort(times.begin(), times.end());
-  std::cout << times[times.size() / 2] << ' ' << times[times.size() * 95 / 100] << ' ' << times.back() << std::endl;
-  return 0;
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication application(argc, argv);
   const std::string verb = argc > 2 ? argv[1] : "";
-  YesToAll prompts;
+  tests::ToldPrompts prompts;
+  prompts.Otherwise = 'Y';
   shell::ui::BackWin frame(prompts, QUILLMARK_SOURCE_DIR "/data/templates");
   int status = 2;
   if (verb == "type" && argc == 7) status = Type(frame, argv + 2);
   if (verb == "restore") status = Restore(frame, argv + 2);
-  if (verb == "cost" && argc == 5) status = Cost(frame, argv + 2);
   ::_exit(status);
 }

@@ -1,12 +1,11 @@
 #!/usr/bin/env python3
 """Kills the editor while somebody types, starts it again, and measures what is lost.
 
-typing.py --bin FOLDER [--kills N] [--large N] [--cost]
+typing.py --bin FOLDER [--kills N] [--large N]
 
 Kills N documents of several kinds (untitled, CR LF, Latin-1, LF) and as many of 100 MB as --large says, each at a random
 moment. What comes back must be a text that was there, and every key pressed more than two seconds before the kill must
-be in it; the restored window must be unsaved and its new journal must be there. --cost measures a key in 1 KB and in
-100 MB, with and without a journal, instead.
+be in it; the restored window must be unsaved and its new journal must be there.
 """
 
 import argparse
@@ -125,30 +124,13 @@ def torture(driver: str, kills: int, larges: int) -> int:
     return 1 if failures or not keys else 0
 
 
-def cost(driver: str) -> int:
-    with tempfile.TemporaryDirectory(prefix="quillmark-cost.") as name:
-        folder = pathlib.Path(name)
-        small = folder / "small.txt"
-        small.write_bytes(b"a line of a small file\r\n" * 45)
-        for path in (small, large_file(folder)):
-            for state in ("-", str(folder / "state")):
-                run = subprocess.run([driver, "cost", state, path, "400"], capture_output=True, text=True, check=True)
-                median, p95, longest = run.stdout.split()[-3:]
-                print(f"{path.stat().st_size:>10} bytes, journal {'off' if state == '-' else 'on ':3}: "
-                      f"median {median} us, 95 % {p95} us, longest {longest} us")
-                subprocess.run(["rm", "-rf", str(folder / "state")], check=True)
-    return 0
-
-
 def main() -> int:
     parser = argparse.ArgumentParser()
     parser.add_argument("--bin", required=True)
     parser.add_argument("--kills", type=int, default=100)
     parser.add_argument("--large", type=int, default=10)
-    parser.add_argument("--cost", action="store_true")
     arguments = parser.parse_args()
-    driver = f"{arguments.bin}/typing_driver"
-    return cost(driver) if arguments.cost else torture(driver, arguments.kills, arguments.large)
+    return torture(f"{arguments.bin}/typing_driver", arguments.kills, arguments.large)
 
 
 if __name__ == "__main__":

@@ -99,11 +99,4 @@ TEST_P(Golden, IsWhatTheColourerGives) {
 
 INSTANTIATE_TEST_SUITE_P(Cases, Golden, testing::ValuesIn(CaseNames()), [](const auto& test) { return test.param; });
 
-TEST(GoldenRunner, NamesTheFirstLineThatDiffers) {
-  EXPECT_EQ(FirstDifference("a\nb\n", "a\nb\n"), "");
-  EXPECT_EQ(FirstDifference("a\nbc\nd", "a\nbX\nd"), "line 2:\nexpected \"bc\"\nactual   \"bX\"");
-  EXPECT_EQ(FirstDifference("a\n", "a\nb"), "line 2:\nexpected \"\"\nactual   \"b\"");
-  EXPECT_EQ(FirstDifference("a\nb", ""), "line 1:\nexpected \"a\"\nactual   \"\"");
-}
-
 }  // namespace

@@ -54,27 +54,6 @@ TEST_F(FrameTest, EveryCommandHasItsAction) {
   EXPECT_EQ(m_frame.WaitingCommands(), std::vector<std::string>());
 }
 
-TEST_F(FrameTest, AnOpenedFileIsColouredAsTheRulesSay) {
-  const std::string text = "// note\r\nvar s = \"text\"; /* two\r\nlines */ return 12;\r\n";
-  editor::ui::Mainwin& window = Open("a.js", text);
-  templates::TemplateFields fields;
-  templates::CollectedMessages messages;
-  templates::LoadTemplate(std::string(Templates) + "/JavaScript.def", fields, {}, messages);
-  const auto expected = editor::ColouredRuns(editor::ColourPass(fields).Whole(text), fields.Colours);
-
-  const rich_text::StyledText shown = rich_text::ReadRtf(window.TextArea().TextRTF());
-  std::vector<std::string> shownRuns, expectedRuns;
-  for (const auto& run : shown.Runs)
-    shownRuns.push_back(std::to_string(shown.Colours[run.Colour - 1]) + " " + std::to_string(run.Start));
-  for (const auto& run : expected) {  // lines end with LF in what RTF gives back
-    std::size_t start = run.Start;
-    for (std::size_t i = 0; i < run.Start; ++i) start -= text[i] == '\r' ? 1 : 0;
-    expectedRuns.push_back(std::to_string(fields.Colours[run.Colour - 1]) + " " + std::to_string(start));
-  }
-  EXPECT_FALSE(expectedRuns.empty());
-  EXPECT_EQ(shownRuns, expectedRuns);
-}
-
 TEST_F(FrameTest, UndoAndRedoByTheirKeys) {
   const std::string text = "var a = 1;\r\nvar b = '\xC3\xA4';\nvar c;\r\n";
   editor::ui::Mainwin& window = Open("a.js", text);

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "templates/HeaderScan.h"
-#include "tests/support/ScriptedPrompts.h"
 #include "tests/unit/templates/SampleTemplates.h"
 
 namespace {
@@ -55,22 +54,6 @@ TEST(EditorReader, TheFontIsOneOfThreeDigits) {
   EXPECT_EQ(Read("F: 0").Font, 0);
   EXPECT_EQ(Read("F: 2").Font, 2);
   for (const char* bad : {"F: -1", "F: 3", "F: 1 ", "F: ", "F: 01"}) EXPECT_EQ(Read(bad, {1}).Font, 1) << bad;
-}
-
-TEST(EditorReader, CancelClosesTheEditor) {
-  using platform::PromptAnswer, platform::PromptButtons;
-  const auto box = [](const char* text) {
-    return platform::MessageBox{text, "Error Loading Template", PromptButtons::OkCancel,
-                                platform::PromptIcon::Exclamation, PromptAnswer::Ok};
-  };
-  tests::ScriptedPrompts prompts;
-  PromptMessages messages(prompts);
-  prompts.Expect(box("Unrezognized Line:\n\n?"));
-  prompts.Expect(box("Invalid Line:\n\nF: 9"));
-  prompts.Expect(box("Unrezognized Line:\n\n!"), PromptAnswer::Cancel);
-  const EditorReadResult result = ReadEditorTemplateText("?\nF: 9\nN: a\n!\nN: b\n?\n", "x.def", messages);
-  EXPECT_TRUE(result.Closed);
-  EXPECT_EQ(result.Template.Name, "a");
 }
 
 TEST(HeaderScan, EveryLineCountsAndTheLastWins) {

@@ -69,19 +69,6 @@ TEST_F(LoaderTest, TwoDelimeterLinesAppend) {
   EXPECT_EQ(Fields.Delimeters, (std::vector<std::string>{",", ".", " ", "\r", "\n", ";", " ", "\r", "\n"}));
 }
 
-TEST_F(LoaderTest, FirstColourAndActionWordWinsLastSynonymMovesToTheEnd) {
-  Load(
-      "L: rem 1  2 True\nL: REM 0  1 False\nL: /* 2 */ 1 0\nW: \"If\" 0\nW: \"if\" 0\n"
-      "Y: \"a\" \"1\"\nY: \"b\" \"2\"\nY: \"A\" \"3\"\n");
-  ASSERT_EQ(Fields.ColWords.Count(), 2U);
-  EXPECT_EQ(tests::Describe(*Fields.ColWords.Item(1)), "[rem] 1 [] colour 2 included\n");
-  EXPECT_EQ(tests::Describe(*Fields.ColWords.Item(2)), "[/*] 2 [*/] colour 1\n");
-  EXPECT_EQ(WordsText(), "[If]\n");
-  ASSERT_EQ(Fields.Synonyms.Count(), 2U);
-  EXPECT_EQ(Fields.Synonyms.Item(1)->Word, "b");
-  EXPECT_EQ(Fields.Synonyms.Item(2)->Word + Fields.Synonyms.Item("a")->Synonym, "A3");
-}
-
 TEST_F(LoaderTest, TipsEndWithADelimeterOfTheLinesBefore) {
   constexpr std::string_view Words =
       "W: \"w\" 3\n1 \"(\" 0\n\"f(a)\"\n1 \",\" 0\n\"x\"\n\n;comment\n2 \".\" 2\n\"\"\nget it 3\n;shifted 9\nx 1\n";

@@ -40,6 +40,18 @@ std::vector<Tile> TileVertically(std::size_t count, int width, int height) {
   return tiles;
 }
 
+std::vector<Tile> Cascade(std::size_t count, int step, int width, int height) {
+  std::vector<Tile> tiles;
+  const Tile size{0, 0, width * 3 / 4, height * 3 / 4};
+  const auto placesIn = [&](int room) { return static_cast<std::size_t>(std::max(0, room) / std::max(1, step)) + 1; };
+  const std::size_t inRow = placesIn(height - size.Height), across = placesIn(width - size.Width);
+  for (std::size_t i = 0; i < count; ++i) {
+    const std::size_t down = i % inRow, right = (down + i / inRow) % across;
+    tiles.push_back({static_cast<int>(right) * step, static_cast<int>(down) * step, size.Width, size.Height});
+  }
+  return tiles;
+}
+
 std::vector<Tile> ArrangeIcons(std::size_t count, int iconWidth, int iconHeight, int width, int height) {
   std::vector<Tile> tiles;
   const std::size_t inRow = static_cast<std::size_t>(std::max(1, width / std::max(1, iconWidth)));

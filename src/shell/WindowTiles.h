@@ -1,5 +1,5 @@
 #pragma once
-// Where windows go when they are tiled or lined up as icons. Pixels, in the area's coordinates.
+// Where windows go when they are tiled, cascaded or lined up as icons. Pixels, in the area's coordinates.
 
 #include <cstddef>
 #include <vector>
@@ -17,6 +17,10 @@ std::vector<Tile> TileHorizontally(std::size_t count, int width, int height);
 
 /// The same turned over: up to three windows stand side by side.
 std::vector<Tile> TileVertically(std::size_t count, int width, int height);
+
+/// Places of three quarters of the area, each a step further down and to the right. Where the next would reach out of
+/// the area, a row of steps begins anew at the top, and as far right as there is room.
+std::vector<Tile> Cascade(std::size_t count, int step, int width, int height);
 
 /// Places for icons of one size: rows from the lower left corner, upwards when a row is full.
 std::vector<Tile> ArrangeIcons(std::size_t count, int iconWidth, int iconHeight, int width, int height);

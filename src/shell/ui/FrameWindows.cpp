@@ -2,6 +2,7 @@
 
 #include <QMdiSubWindow>
 #include <QPointer>
+#include <QStyle>
 #include <algorithm>
 
 #include "shell/WindowList.h"
@@ -128,7 +129,14 @@ void FrameWindows::TileVertically() {
 }
 
 void FrameWindows::Cascade() {
-  cascadeSubWindows();
+  const QList<QMdiSubWindow*> windows = Arrangeable();
+  if (windows.isEmpty()) return;
+  const QSize area = TileArea();
+  const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, windows.first());
+  std::vector<Tile> tiles =
+      shell::Cascade(static_cast<std::size_t>(windows.size()), title, area.width(), area.height());
+  std::reverse(tiles.begin(), tiles.end());  // the window in front covers the others, but for their titles
+  Place(windows, tiles);
   ArrangeMinimised();
 }
 

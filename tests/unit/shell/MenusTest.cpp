@@ -131,6 +131,9 @@ TEST(WindowTiles, TilesCoverTheAreaOnce) {
   EXPECT_EQ(TileHorizontally(3, 90, 90)[1], (Tile{0, 30, 90, 30}));
   EXPECT_EQ(TileVertically(3, 90, 90)[1], (Tile{30, 0, 30, 90}));
   EXPECT_EQ(ArrangeIcons(3, 50, 20, 120, 100), (std::vector<Tile>{{0, 80, 50, 20}, {50, 80, 50, 20}, {0, 60, 50, 20}}));
+  EXPECT_EQ(Cascade(4, 10, 40, 40),
+            (std::vector<Tile>{{0, 0, 30, 30}, {10, 10, 30, 30}, {10, 0, 30, 30}, {0, 10, 30, 30}}));
+  EXPECT_EQ(Cascade(1, 0, 0, 0), (std::vector<Tile>{{0, 0, 0, 0}}));
 }
 
 }  // namespace

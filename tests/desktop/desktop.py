@@ -123,11 +123,27 @@ class Desktop:
                 self.keys("Return")
             self.ask("xdotool", "type", "--delay", "15", line)
 
-    def click(self, element, count=1):
-        """Presses the left mouse button in the middle of what is shown."""
+    def click(self, element, count=1, button=1, aside=0):
+        """Presses a mouse button, the left one if nothing else is said, in the middle of what is shown, or pixels aside."""
         left, top, width, height = wait(lambda: element.is_showing() and element.extents(), f"{element} on the screen")
-        self.ask("xdotool", "mousemove", str(left + width // 2), str(top + height // 2),
-                 "click", "--repeat", str(count), "--delay", "60", "1")
+        self.ask("xdotool", "mousemove", str(left + width // 2 + aside), str(top + height // 2),
+                 "click", "--repeat", str(count), "--delay", "60", str(button))
+
+    def menu_opened_by(self, go):
+        """The menu that comes up, which belongs to no menu bar, when `go` has been called."""
+        shown = []
+        listener = Atspi.EventListener.new(lambda event: shown.append(event.source) if event.detail1 else None)
+        listener.register("object:state-changed:showing")
+
+        def menu():
+            while GLib.MainContext.default().iteration(False):
+                pass
+            return next((source for source in shown if source.get_role_name() == "popup menu"), None)
+        try:
+            go()
+            return Element(wait(menu, "a menu"))
+        finally:
+            listener.deregister("object:state-changed:showing")
 
     def take_picture(self, path):
         path.parent.mkdir(parents=True, exist_ok=True)
@@ -155,6 +171,15 @@ class Element:
         return self._accessible.get_name()
 
     @property
+    def description(self):
+        return self._accessible.get_description()
+
+    @property
+    def key(self):
+        """The shortcut of an entry of a menu, or else its access key."""
+        return Atspi.Action.get_key_binding(self._accessible, 0)
+
+    @property
     def text(self):
         return Atspi.Text.get_text(self._accessible, 0, Atspi.Text.get_character_count(self._accessible))
 
@@ -173,6 +198,10 @@ class Element:
 
     def is_showing(self):
         return self.has("SHOWING")
+
+    def width_at(self, offset):
+        """How wide a character is drawn."""
+        return Atspi.Text.get_character_extents(self._accessible, offset, Atspi.CoordType.SCREEN).width
 
     def extents(self):
         box = Atspi.Component.get_extents(self._accessible, Atspi.CoordType.SCREEN)

@@ -10,6 +10,7 @@
 #include <algorithm>
 
 #include "platform/qt/CustomiseDialog.h"
+#include "platform/qt/MenuKeys.h"
 #include "platform/qt/TabStrip.h"
 #include "platform/qt/Text.h"
 
@@ -83,6 +84,7 @@ QMenu* ActiveBar::MakeMenu(std::string_view band, std::string_view caption) {
   auto* menu = new QMenu(&m_window);
   menu->setObjectName(Text(band));
   menu->setAccessibleName(Text(caption));
+  new MenuKeys(*menu);
   connect(menu, &QMenu::aboutToShow, this, [this, band] { Opening(band); });
   return menu;
 }
@@ -197,12 +199,19 @@ void ActiveBar::Fill(Band& band) {
       band.Surface->addAction(line);
       continue;
     }
-    const auto entry = std::find_if(band.Design->Tools.begin(), band.Design->Tools.end(),
-                                    [&](const BandEntry& candidate) { return candidate.Name == tool; });
-    QAction* action = m_actions.OnBand(tool, entry == band.Design->Tools.end() ? "" : entry->Caption);
+    QAction* action = ActionOn(band, tool);
     band.Surface->addAction(action);
     ShapeButton(band, tool, action);
   }
+}
+
+QAction* ActiveBar::ActionOn(const Band& band, std::string_view tool) {
+  const auto entry = std::find_if(band.Design->Tools.begin(), band.Design->Tools.end(),
+                                  [&](const BandEntry& candidate) { return candidate.Name == tool; });
+  const bool isDesigned = entry != band.Design->Tools.end();
+  const std::string_view caption = isDesigned ? entry->Caption : "";
+  const bool isFurther = band.Design->Kind == BandKind::Popup || (band.Menu && !isDesigned);
+  return isFurther ? m_actions.OnFurtherMenu(tool, caption, band.Design->Name) : m_actions.OnBand(tool, caption);
 }
 
 // A tool with a menu is a button that opens it, or one with an arrow beside it when it also has a command.

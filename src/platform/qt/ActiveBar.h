@@ -80,6 +80,7 @@ class ActiveBar final : public QObject, public platform::ActiveBar {
   const Band* Find(std::string_view band) const;
   void Opening(std::string_view band);
   void Fill(Band& band);
+  QAction* ActionOn(const Band& band, std::string_view tool);
   void FillTabs(Band& band);
   void ShapeButton(Band& band, std::string_view tool, QAction* action);
   void Forget(const std::string& tool);

@@ -1,6 +1,7 @@
 #include "platform/qt/ToolActions.h"
 
 #include <QKeySequence>
+#include <QMenu>
 #include <QWidget>
 
 #include "platform/qt/Text.h"
@@ -84,27 +85,37 @@ QAction* ToolActions::Find(std::string_view tool) const {
 
 QAction* ToolActions::OnBand(std::string_view tool, std::string_view caption) {
   QAction* action = Find(tool);
-  if (!action || caption.empty()) return action;
-  QAction*& twin = m_twins[std::string(tool) + '\n' + std::string(caption)];
+  return !action || caption.empty() ? action : Twin(*action, std::string(tool) + '\n' + std::string(caption), caption);
+}
+
+QAction* ToolActions::OnFurtherMenu(std::string_view tool, std::string_view caption, std::string_view menu) {
+  QAction* action = Find(tool);
+  if (!action || action->menu() || Dynamic(tool)) return action;
+  return Twin(*action, std::string(tool) + '\n' + std::string(caption) + '\n' + std::string(menu), caption);
+}
+
+QAction* ToolActions::Twin(QAction& action, const std::string& key, std::string_view caption) {
+  QAction*& twin = m_twins[key];
   if (twin) return twin;
   twin = new QAction(&m_window);
-  QString text = Text(caption);
-  if (!action->shortcut().isEmpty()) text += u'\t' + action->shortcut().toString(QKeySequence::NativeText);
-  const auto follow = [action, twin = twin, text] {
-    twin->setText(text);
-    twin->setIcon(action->icon());
-    twin->setStatusTip(action->statusTip());
-    twin->setToolTip(action->toolTip());
-    twin->setCheckable(action->isCheckable());
-    twin->setChecked(action->isChecked());
-    twin->setEnabled(action->isEnabled());
-    twin->setVisible(action->isVisible());
+  // Shown in menus; no key reaches it, for the tool itself answers to it.
+  twin->setShortcutContext(Qt::WidgetShortcut);
+  const auto follow = [&action, twin = twin, caption = Text(caption)] {
+    twin->setText(caption.isEmpty() ? action.text() : caption);
+    twin->setShortcut(action.shortcut());
+    twin->setIcon(action.icon());
+    twin->setStatusTip(action.statusTip());
+    twin->setToolTip(action.toolTip());
+    twin->setCheckable(action.isCheckable());
+    twin->setChecked(action.isChecked());
+    twin->setEnabled(action.isEnabled());
+    twin->setVisible(action.isVisible());
   };
   follow();
-  QObject::connect(action, &QAction::changed, twin, follow);
-  QObject::connect(twin, &QAction::triggered, action, [action, follow] {
+  QObject::connect(&action, &QAction::changed, twin, follow);
+  QObject::connect(twin, &QAction::triggered, &action, [&action, follow] {
     follow();
-    action->trigger();
+    action.trigger();
   });
   return twin;
 }

@@ -1,7 +1,7 @@
 #pragma once
 // The tools of an ActiveBar as the toolkit's actions. A name is one action wherever it stands, so that it has one state
-// and its shortcut works once; a band that captions the tool differently gets a twin that follows the tool and has no
-// shortcut of its own.
+// and its shortcut works once; a band that captions the tool differently gets a twin that follows the tool and does
+// not answer to its shortcut.
 
 #include <QAction>
 #include <functional>
@@ -26,6 +26,9 @@ class ToolActions {
   QAction* Find(std::string_view tool) const;
   /// The action that stands on a band where the tool has this caption ("" for its own).
   QAction* OnBand(std::string_view tool, std::string_view caption);
+  /// The same for a menu beside the one where the tool itself stands. Screen readers hear of an action as the entry of
+  /// one menu only, so each further menu has its own.
+  QAction* OnFurtherMenu(std::string_view tool, std::string_view caption, std::string_view menu);
 
   /// A tool that was made by SetDynamic; null for any other.
   const DynamicTool* Dynamic(std::string_view tool) const;
@@ -49,13 +52,14 @@ class ToolActions {
   Entry& Add(const std::string& name);
   const Entry* EntryOf(std::string_view tool) const;
   Entry* EntryOf(std::string_view tool);
+  QAction* Twin(QAction& action, const std::string& key, std::string_view caption);
   void ShowTexts(Entry& entry);
   void Triggered(const std::string& name, QAction& action);
 
   QWidget& m_window;
   Clicked m_clicked;
   std::map<std::string, Entry, std::less<>> m_entries;
-  std::map<std::string, QAction*> m_twins;  ///< by name and caption
+  std::map<std::string, QAction*> m_twins;  ///< by name, caption and menu
 };
 
 }  // namespace platform::qt

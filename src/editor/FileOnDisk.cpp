@@ -84,12 +84,14 @@ bool FileOnDisk::Save(const std::string& path, const std::string& text) {
 }
 
 bool FileOnDisk::MayReplace(const std::string& path, const platform::FileLook& look) {
-  if (look.Difference == FileDifference::None) return true;
-  if (look.Difference == FileDifference::Changed)
-    return Ask(Quoted(path) + " has been changed by another program.  Overwrite it with the text of this window?",
-               PromptAnswer::No) == PromptAnswer::Yes;
-  return KnowsOf(look.Seen) || Ask(Quoted(path) + " has been deleted or moved by another program.  Save it again?",
-                                   PromptAnswer::Yes) == PromptAnswer::Yes;
+  const bool isGone = look.Difference == FileDifference::Missing;
+  if (look.Difference == FileDifference::None || (isGone && KnowsOf(look.Seen))) return true;
+  m_told = look.Seen;
+  const PromptAnswer answer =
+      isGone ? Ask(Quoted(path) + " has been deleted or moved by another program.  Save it again?", PromptAnswer::Yes)
+             : Ask(Quoted(path) + " has been changed by another program.  Overwrite it with the text of this window?",
+                   PromptAnswer::No);
+  return answer == PromptAnswer::Yes;
 }
 
 // A file under another name is one that the user has just chosen, so it may be replaced as it stands now.

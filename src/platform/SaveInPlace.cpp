@@ -97,12 +97,15 @@ bool IsSameTime(const timespec& left, const timespec& right) {
   return left.tv_sec == right.tv_sec && left.tv_nsec == right.tv_nsec;
 }
 
-/// Whether the path still leads to the file that was opened, and nobody has written into it.
-bool IsUntouched(const std::string& path, const struct stat& opened) {
+enum class Again { Same, Other, Unknown };
+
+/// Whether the path still leads to the file with this status, and nobody has written into it.
+Again LookAgain(const std::string& path, const struct stat& opened) {
   struct stat now {};
-  return ::lstat(path.c_str(), &now) == 0 && now.st_dev == opened.st_dev && now.st_ino == opened.st_ino &&
-         now.st_size == opened.st_size && IsSameTime(now.st_mtim, opened.st_mtim) &&
-         IsSameTime(now.st_ctim, opened.st_ctim);
+  if (::lstat(path.c_str(), &now) != 0) return errno == ENOENT || errno == ENOTDIR ? Again::Other : Again::Unknown;
+  const bool isSame = now.st_dev == opened.st_dev && now.st_ino == opened.st_ino && now.st_size == opened.st_size &&
+                      IsSameTime(now.st_mtim, opened.st_mtim) && IsSameTime(now.st_ctim, opened.st_ctim);
+  return isSame ? Again::Same : Again::Other;
 }
 
 /// Puts the old contents back; tells where they are when even that fails.
@@ -131,7 +134,7 @@ SaveTry SaveInPlace(const SaveJob& job) {
   if (job.Expected != nullptr && HashOf(old.Bytes) != job.Expected->Contents) return changed;
   Copy copy;
   if (!copy.Make(job.Target, old.Bytes)) return FailedTry();
-  if (!IsUntouched(job.Target, status)) {
+  if (LookAgain(job.Target, status) != Again::Same) {
     copy.Remove();
     return changed;
   }
@@ -140,7 +143,8 @@ SaveTry SaveInPlace(const SaveJob& job) {
   const bool isKnown = ::fstat(file.Get(), &status) == 0;
   copy.Remove();
   // Another file may have taken the name while this one was written.
-  if (!isKnown || !IsUntouched(job.Target, status)) return changed;
+  if (isKnown && LookAgain(job.Target, status) == Again::Other) return changed;
+  if (!isKnown) status.st_size = static_cast<off_t>(job.Bytes.size());  // the times are old: a look compares contents
   return {SaveStep::Done, "", IdentityOf(status, job.Bytes)};
 }
 

@@ -27,6 +27,7 @@ class Run:
         self.short, self.seed = short, seed
         self.random = random.Random(seed)
         self.failures, self.skips = 0, 0
+        self.quillmark = str(bin_folder / "quillmark")
         self.root = pathlib.Path(tempfile.mkdtemp(prefix="quillmark-torture."))
         os.chmod(self.root, 0o755)
         os.environ["XDG_STATE_HOME"] = str(self.root / "state")

@@ -17,10 +17,12 @@ import faults
 import keeps
 import kills
 import others
+import window
 from harness import Run, Skip
 
 
-KINDS = {"kills": kills.kills, "faults": faults.faults, "full": faults.full, "keeps": keeps.keeps, "others": others.others}
+KINDS = {"kills": kills.kills, "faults": faults.faults, "full": faults.full, "keeps": keeps.keeps, "others": others.others,
+         "window": window.window}
 
 
 def main():

@@ -63,6 +63,10 @@ TEST_F(FileOnDiskTest, AnAnswerHoldsForOneStateOfTheFile) {
   Expect(overwrite, PromptAnswer::No, PromptAnswer::No);
   EXPECT_FALSE(Save());
   EXPECT_EQ(m_folder.Read("file"), "theirs");
+  m_folder.Write("file", "theirs too");
+  Expect(overwrite, PromptAnswer::No, PromptAnswer::No);
+  EXPECT_FALSE(Save());
+  m_document.CheckFile();  // the window becomes active when the question goes
   Expect(overwrite, PromptAnswer::No, PromptAnswer::Yes);
   EXPECT_TRUE(Save());
   EXPECT_EQ(m_folder.Read("file"), "first\nline\n");
@@ -100,6 +104,9 @@ TEST_F(FileOnDiskTest, AFileThatIsGoneIsSavedAgainOrKeptInTheWindow) {
   Expect(Gone, PromptAnswer::Yes, PromptAnswer::No);
   EXPECT_FALSE(Save());
   EXPECT_FALSE(std::filesystem::exists(m_path));
+  m_document.CheckFile();
+  EXPECT_TRUE(Save());
+  std::filesystem::remove(m_path);
   Expect(Gone, PromptAnswer::Yes, PromptAnswer::Yes);
   m_document.CheckFile();
   EXPECT_EQ(m_folder.Read("file"), "first\nline\n");

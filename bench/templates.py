@@ -120,7 +120,7 @@ def template_of(name):
 
 
 # Templates that KDE has no definition for.
-WITHOUT_DEFINITION = set()
+WITHOUT_DEFINITION = {"0PlainText"}
 
 # Why a template is below LEAST.
 REASONS = {}

@@ -121,7 +121,7 @@ TEST_F(ShippedFileLaws, StoppedPassesGiveTheBeginning) {
         left = calls;
         const std::vector<editor::PassRun> part = pass.Whole(text, stop, parts);
         EXPECT_TRUE(IsBeginningOf(part, whole));
-        EXPECT_LT(part.size(), whole.size()) << "nobody was asked whether to go on";
+        EXPECT_TRUE(whole.empty() || part.size() < whole.size()) << "nobody was asked whether to go on";
       }
       left = calls;
       EXPECT_TRUE(IsBeginningOf(pass.Lines(text, true, nullptr, stop).Runs, lines));

@@ -15,12 +15,15 @@
 namespace {
 
 /// The lines of a template file that are neither empty nor comments, sorted by what they begin with: the writer has an
-/// order of its own for the records, but keeps that of those of one kind.
+/// order of its own for the records, but keeps that of those of one kind. Line ends are left out, and the help file: the
+/// editor names one where the template has none.
 std::vector<std::string> Records(const std::string& bytes) {
   std::vector<std::string> lines;
   std::istringstream text(bytes);
-  for (std::string line; std::getline(text, line);)
-    if (line.size() > 1 && line.front() != ';') lines.push_back(line);
+  for (std::string line; std::getline(text, line);) {
+    if (line.ends_with('\r')) line.pop_back();
+    if (line.size() > 1 && line.front() != ';' && !line.starts_with("H:")) lines.push_back(line);
+  }
   std::stable_sort(lines.begin(), lines.end(), [](const auto& a, const auto& b) { return a[0] < b[0]; });
   return lines;
 }

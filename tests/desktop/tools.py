@@ -171,7 +171,7 @@ class Tools(desktop.Path):
         text = {"window", "document", "runs"}
         with self.step("a new document"):
             self.use(self.start(title="Untitled"))
-            self.look(text | {"selection"}, "Assembler", ["Untitled"])  # that the caret has not moved in
+            self.look(text - {"runs"} | {"selection"}, "Plain text", ["Untitled"])  # that the caret has not moved in
         with self.step("the templates"):
             folder = pathlib.Path(__file__).parents[2] / "data/templates"
             files = sorted(folder.glob("*.def"), key=lambda path: path.name.lower())
@@ -184,7 +184,7 @@ class Tools(desktop.Path):
             self.editor.wait_keyboard()
             self.desktop.keys("ctrl+w")
             desktop.wait(lambda: not self.editor.area(), "the document to close")
-            self.look(set(), "Assembler")
+            self.look(set(), "Plain text")
         with self.step("a changed document with a selection"):
             self.start(self.file("one.js", TEXT)).wait_end()
             self.editor.wait_title("one.js")
@@ -192,7 +192,7 @@ class Tools(desktop.Path):
             self.desktop.type("x")
             self.desktop.keys("alt+z", "ctrl+a")
             changed = text | {"recent", "changed", "undo", "JavaScript"}
-            self.look(changed | {"selection"}, "Assembler", ["one.js"], ["Fixed Width", "Word Wrap"])
+            self.look(changed | {"selection"}, "Plain text", ["one.js"], ["Fixed Width", "Word Wrap"])
         with self.step("the menu of the text"):
             menu = self.text_menu()
             desktop.wait_equal(lambda: entries_of(menu), expected(TEXT_MENU, changed | {"selection"}), "the text's menu")
@@ -206,11 +206,11 @@ class Tools(desktop.Path):
             self.editor.wait_keyboard()
             self.desktop.keys("ctrl+Home", "ctrl+z")
             self.editor.wait_text(TEXT)
-            self.look(changed - {"undo"} | {"redo"}, "Assembler", ["one.js"], ["Fixed Width", "Word Wrap"])
+            self.look(changed - {"undo"} | {"redo"}, "Plain text", ["one.js"], ["Fixed Width", "Word Wrap"])
         with self.step("a template editor in front"):
             self.editor.choose("File", "New", "Template")
             self.editor.wait_title("Untitled (Template)")
-            self.look({"window", "recent"}, "Assembler", ["one.js", "Untitled (Template)"], ["Fixed Width", "Word Wrap"])
+            self.look({"window", "recent"}, "Plain text", ["one.js", "Untitled (Template)"], ["Fixed Width", "Word Wrap"])
 
     # Ways to a command.
 

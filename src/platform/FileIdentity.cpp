@@ -33,14 +33,18 @@ std::uint64_t Word(const char* bytes) {
   return word;
 }
 
-/// Four lanes side by side, as one would wait for each multiplication.
+/// Four lanes side by side, as one would wait for each multiplication; an array of them would stay in memory.
 std::uint64_t AddBlock(std::uint64_t hash, std::string_view block) {
   constexpr std::size_t Lanes = 4, Step = Lanes * sizeof(std::uint64_t);
-  std::array<std::uint64_t, Lanes> lanes = {hash, hash + 1, hash + 2, hash + 3};
+  std::uint64_t a = hash, b = hash + 1, c = hash + 2, d = hash + 3;
   const std::size_t size = block.size();
-  for (; block.size() >= Step; block.remove_prefix(Step))
-    for (std::size_t lane = 0; lane < Lanes; ++lane)
-      lanes[lane] = Mix(lanes[lane], Word(block.data() + lane * sizeof(std::uint64_t)));
+  for (; block.size() >= Step; block.remove_prefix(Step)) {
+    a = Mix(a, Word(block.data()));
+    b = Mix(b, Word(block.data() + 8));
+    c = Mix(c, Word(block.data() + 16));
+    d = Mix(d, Word(block.data() + 24));
+  }
+  const std::array<std::uint64_t, Lanes> lanes = {a, b, c, d};
   std::array<char, Step> rest{};
   if (!block.empty()) std::memcpy(rest.data(), block.data(), block.size());
   hash = Mix(hash, size);

@@ -15,7 +15,7 @@ LAYERS = [
     "platform/qt", "settings/ui", "editor/ui", "aids/ui", "template_editor/ui", "shell/ui",
 ]
 INCLUDE = re.compile(r'^\s*#\s*include\s+([<"])([^>"]+)[>"]')
-LINES_OF_A_FILE = 600
+LINES_OF_A_FILE = 500
 
 
 def folder_of(path: str) -> str:

@@ -41,6 +41,7 @@ class FindDialog {
   /// Another document begins a search of its own.
   void SetParentForm(SearchedDocument* document);
 
+  /// The command that opened the window, or brought it to the front.
   void ShowFind();
   void ShowReplace();
 
@@ -55,6 +56,8 @@ class FindDialog {
   /// The fields as the document's last search has them; the replacement stays as it is.
   FindFields Remembered(FindFields fields) const;
 
+  /// The user has changed what is searched for: the next search starts anew. After another word, what was found before
+  /// is not replaced.
   void FindWordEdited();
   void OptionClicked();
 

@@ -53,6 +53,7 @@ std::string ListPrefix(const platform::TextControl& control, const templates::Te
 struct ReplacedRange {
   std::size_t Start = 0, End = 0;
 };
+/// The range for a list that was opened at one place and is left at another.
 ReplacedRange RangeToReplace(const platform::TextControl& control, const templates::TemplateFields& fields,
                              const ListPlace& place);
 

@@ -37,9 +37,12 @@ class Document : public platform::TextControlEvents {
   /// Who shows the completion list and the tooltip; must outlive the document. Nobody, at first.
   void SetPopups(PopupHost& popups);
 
+  /// Shows the font that settings and template ask for, without moving the view.
   void UpdateFont();
+  /// Colours the whole document, or the lines from `first` to `last` (1-based), as the settings say.
   void ColourScan() { m_colouring.ColourScan(); }
   void ColourLines(std::size_t first, std::size_t last) { m_colouring.ColourLines(first, last); }
+  /// Whether long lines are shown in several rows.
   void WordWrap(bool on);
 
   /// Reads the file into the window and colours it. A file that cannot be read is told, and the document stays without
@@ -67,9 +70,13 @@ class Document : public platform::TextControlEvents {
   /// Takes a template into use: a path, "" to ask the user, templates::NoTemplate for none. Unless `noInitialText`, the
   /// template's initial text goes into an empty document.
   void SetTemplate(const std::string& fileName, bool noInitialText = false);
+  /// Whether the user chose the template for this file, which is then remembered with it.
   void SetTemplateChosen(bool chosen) { m_state.Template.TemplateChosen = chosen; }
+  /// 1 proportional, 2 fixed width, 3 DOS; any other is the default type's.
   void SetUseFont(std::int16_t useFont);
 
+  /// One step; nothing while the text is being coloured, or when there is none. What was typed last and is no step yet
+  /// becomes one first.
   void Undo();
   void Redo();
 

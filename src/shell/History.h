@@ -19,8 +19,10 @@ class History {
     std::string Description;  ///< the full path
   };
 
+  /// Puts a path at the end, in place of the oldest when there are three; "" and a path that is there change nothing.
   void AddToHistory(const std::string& path);
 
+  /// What the menu shows, and what the settings keep: the oldest first.
   const std::vector<Entry>& Entries() const { return m_entries; }
   std::vector<std::string> Paths() const;
 

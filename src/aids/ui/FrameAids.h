@@ -13,11 +13,13 @@ namespace aids::ui {
 
 class FrameAids {
  public:
+  /// `window` is the parent of all windows; the preview page goes into `programFolder`.
   FrameAids(QWidget& window, editor::DocumentFrame& frame, std::string programFolder);
 
   /// Gives a new document its aids.
   void Serve(editor::ui::Mainwin& document);
 
+  // The commands, each for the document in front.
   void Find(editor::ui::Mainwin& document);
   void Replace(editor::ui::Mainwin& document);
   void FindNext(editor::ui::Mainwin& document);

@@ -19,6 +19,8 @@ class HelpWindow : public QMainWindow {
   HelpWindow(std::unique_ptr<HelpCollection> collection, Shell& shell);
   ~HelpWindow() override;
 
+  /// Each brings the window to the front: with the contents, with the field of keywords, with a page
+  /// ("PAGE.html#PLACE").
   void ShowContents();
   void ShowKeywords();
   void ShowPage(std::string_view page);

@@ -32,6 +32,8 @@ class FrameWindows : public QMdiArea {
   /// Closes one after another until one of them wants to stay; true when all have gone.
   bool CloseAll();
 
+  /// One below the other, side by side, or overlapping; windows shown as icons stay below. Icons stand in rows from the
+  /// lower left corner.
   void TileHorizontally();
   void TileVertically();
   void Cascade();

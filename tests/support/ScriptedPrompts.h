@@ -4,10 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <any>
 #include <deque>
 #include <optional>
 #include <string>
-#include <variant>
 #include <vector>
 
 #include "platform/Prompts.h"
@@ -21,17 +21,17 @@ class ScriptedPrompts : public platform::Prompts {
   ScriptedPrompts& operator=(const ScriptedPrompts&) = delete;
 
   ~ScriptedPrompts() override {
-    for (const Step& step : m_steps) ADD_FAILURE() << "never asked: " << Describe(step);
+    for (const Step& step : m_steps) ADD_FAILURE() << "never asked: " << step.Question;
   }
 
   /// Expects the box next, and answers it. An unexpected Default counts as a difference too.
-  void Expect(platform::MessageBox box, platform::PromptAnswer answer = platform::PromptAnswer::Ok) {
-    m_steps.push_back(BoxStep{std::move(box), answer, {}});
+  void Expect(const platform::MessageBox& box, platform::PromptAnswer answer = platform::PromptAnswer::Ok) {
+    m_steps.push_back({Describe(box), {}, answer});
   }
 
   /// Expects a box next whose text has each of these parts.
   void ExpectBoxWith(std::vector<std::string> parts, platform::PromptAnswer answer = platform::PromptAnswer::Ok) {
-    m_steps.push_back(BoxStep{{}, answer, std::move(parts)});
+    m_steps.push_back({"a box with " + parts.front(), std::move(parts), answer});
   }
   /// Expects a question next, with the title and the icon of one.
   void ExpectQuestion(std::string text, platform::PromptButtons buttons, platform::PromptAnswer byDefault,
@@ -51,19 +51,19 @@ class ScriptedPrompts : public platform::Prompts {
   void ExpectAnyBox() { ExpectBoxWith({""}); }
 
   /// Expects a file chooser with this title next, and answers with a path, "" for Cancel.
-  void ExpectOpenFile(std::string title, std::string path) {
-    m_steps.push_back(FileStep{"open", std::move(title), std::move(path)});
+  void ExpectOpenFile(const std::string& title, std::string path) {
+    m_steps.push_back({"open chooser " + title, {}, std::move(path)});
   }
-  void ExpectSaveFile(std::string title, std::string path) {
-    m_steps.push_back(FileStep{"save", std::move(title), std::move(path)});
+  void ExpectSaveFile(const std::string& title, std::string path) {
+    m_steps.push_back({"save chooser " + title, {}, std::move(path)});
   }
 
   /// Expects a font or colour chooser that starts with `initial` next; nothing is Cancel.
   void ExpectFont(const platform::FontRecord& initial, std::optional<platform::FontRecord> chosen) {
-    m_steps.push_back(FontStep{initial, std::move(chosen)});
+    m_steps.push_back({Describe(initial), {}, std::move(chosen)});
   }
   void ExpectColour(rich_text::ColourValue initial, std::optional<rich_text::ColourValue> chosen) {
-    m_steps.push_back(ColourStep{initial, chosen});
+    m_steps.push_back({Describe(initial), {}, chosen});
   }
 
   std::size_t Unasked() const { return m_steps.size(); }
@@ -72,90 +72,53 @@ class ScriptedPrompts : public platform::Prompts {
   const platform::FileQuestion& LastFileQuestion() const { return m_lastFileQuestion; }
 
   platform::PromptAnswer Show(const platform::MessageBox& box) override {
-    const Step asked = BoxStep{box, {}, {}};
-    const BoxStep* expected = Next<BoxStep>(asked);
-    if (expected == nullptr) return Closed(box.Buttons);
-    if (expected->Parts.empty()) {
-      EXPECT_EQ(Describe(asked), Describe(*expected));
-    }
-    for (const std::string& part : expected->Parts)
-      EXPECT_NE(box.Text.find(part), std::string::npos) << '"' << part << "\" is missing in: " << box.Text;
-    const platform::PromptAnswer answer = expected->Answer;
-    m_steps.pop_front();
-    return answer;
+    return Answer(Describe(box), box.Text, Closed(box.Buttons));
   }
-
   std::string AskOpenFile(const platform::FileQuestion& question) override { return AskFile("open", question); }
   std::string AskSaveFile(const platform::FileQuestion& question) override { return AskFile("save", question); }
   std::optional<platform::FontRecord> AskFont(const platform::FontRecord& initial) override {
-    return AskValue(FontStep{initial, {}});
+    return Answer(Describe(initial), "", std::optional<platform::FontRecord>());
   }
   std::optional<rich_text::ColourValue> AskColour(rich_text::ColourValue initial) override {
-    return AskValue(ColourStep{initial, {}});
+    return Answer(Describe(initial), "", std::optional<rich_text::ColourValue>());
   }
 
  private:
-  struct BoxStep {
-    platform::MessageBox Box;
-    platform::PromptAnswer Answer;
+  struct Step {
+    std::string Question;            ///< as Describe puts it
     std::vector<std::string> Parts;  ///< where not empty, all that counts of the box
+    std::any Answer;
   };
-  struct FileStep {
-    std::string Kind, Title, Path;
-  };
-  struct FontStep {
-    platform::FontRecord Initial;
-    std::optional<platform::FontRecord> Chosen;
-  };
-  struct ColourStep {
-    rich_text::ColourValue Initial;
-    std::optional<rich_text::ColourValue> Chosen;
-  };
-  using Step = std::variant<BoxStep, FileStep, FontStep, ColourStep>;
 
-  static std::string Describe(const Step& step) {
-    if (const auto* file = std::get_if<FileStep>(&step)) return file->Kind + " chooser \"" + file->Title + '"';
-    if (const auto* font = std::get_if<FontStep>(&step))
-      return "font chooser " + font->Initial.Name + ' ' + std::to_string(font->Initial.Size);
-    if (const auto* colour = std::get_if<ColourStep>(&step)) return "colour chooser " + std::to_string(colour->Initial);
-    const platform::MessageBox& box = std::get<BoxStep>(step).Box;
+  static std::string Describe(const platform::MessageBox& box) {
     return "box \"" + box.Title + "\": " + box.Text + "\n(buttons " + std::to_string(static_cast<int>(box.Buttons)) +
            ", icon " + std::to_string(static_cast<int>(box.Icon)) + ", default " +
            std::to_string(static_cast<int>(box.Default)) + ')';
   }
-
-  /// The step at the front if it is of the kind asked for; else null and the test has failed.
-  template <typename Kind>
-  const Kind* Next(const Step& asked) {
-    const Kind* expected = m_steps.empty() ? nullptr : std::get_if<Kind>(&m_steps.front());
-    if (expected == nullptr)
-      ADD_FAILURE() << "unexpected: " << Describe(asked)
-                    << "\nexpected: " << (m_steps.empty() ? std::string("nothing") : Describe(m_steps.front()));
-    return expected;
+  static std::string Describe(const platform::FontRecord& font) {
+    return "font chooser " + font.Name + ' ' + std::to_string(font.Size);
   }
+  static std::string Describe(rich_text::ColourValue colour) { return "colour chooser " + std::to_string(colour); }
 
+  /// The answer of the next step, which must be this question; `otherwise` when a question of another kind is due.
+  template <typename Kind>
+  Kind Answer(const std::string& question, const std::string& text, const Kind& otherwise) {
+    if (m_steps.empty()) ADD_FAILURE() << "unexpected: " << question;
+    const Kind* answer = m_steps.empty() ? nullptr : std::any_cast<Kind>(&m_steps.front().Answer);
+    if (!m_steps.empty() && m_steps.front().Parts.empty()) {
+      EXPECT_EQ(question, m_steps.front().Question);
+    }
+    if (answer == nullptr) return otherwise;
+    for (const std::string& part : m_steps.front().Parts)
+      EXPECT_NE(text.find(part), std::string::npos) << '"' << part << "\" is missing in: " << text;
+    const Kind given = *answer;
+    m_steps.pop_front();
+    return given;
+  }
   std::string AskFile(const std::string& kind, const platform::FileQuestion& question) {
     m_lastFileQuestion = question;
-    const Step asked = FileStep{kind, question.Title, {}};
-    const FileStep* expected = Next<FileStep>(asked);
-    if (expected == nullptr) return {};
-    EXPECT_EQ(Describe(asked), Describe(*expected));
-    const std::string path = expected->Path;
-    m_steps.pop_front();
-    return path;
+    return Answer(kind + " chooser " + question.Title, "", std::string());
   }
-
-  template <typename Kind>
-  auto AskValue(const Kind& question) -> decltype(question.Chosen) {
-    const Step asked = question;
-    const Kind* expected = Next<Kind>(asked);
-    if (expected == nullptr) return std::nullopt;
-    EXPECT_EQ(Describe(asked), Describe(*expected));
-    const auto chosen = expected->Chosen;
-    m_steps.pop_front();
-    return chosen;
-  }
-
   /// What closing a box without a button answers.
   static platform::PromptAnswer Closed(platform::PromptButtons buttons) {
     switch (buttons) {

@@ -88,9 +88,6 @@ def no_files(cases):
     cases.refuses("a pipe", folder / "pipe", "it is not a regular file")
     opened = run.play([f"open {folder / 'pipe'}"], timeout=10)
     run.check(f"asked Could not read {folder / 'pipe'}" in opened.lines, f"opening a pipe: {opened}")
-    cases.refuses("a folder", folder, "it is not a regular file")
-    cases.refuses("a full device", folder.__class__("/dev/full"), "it is not a regular file")
-    cases.refuses("a folder that is not there", folder / "gone" / "file", "No such file or directory")
     gone = run.folder()
     path = cases.file(gone)
     with subprocess.Popen([run.driver], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True) as driver:

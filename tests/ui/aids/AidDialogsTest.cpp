@@ -1,6 +1,5 @@
 // The windows of the editing aids, reached by the frame's own commands and used with keys and mouse.
 
-#include <QAction>
 #include <QComboBox>
 #include <QDialog>
 #include <QLineEdit>
@@ -8,7 +7,6 @@
 #include <QPushButton>
 #include <QTreeWidget>
 
-#include "tests/ui/Widgets.h"
 #include "tests/ui/aids/PopupFixture.h"
 
 namespace tests {
@@ -17,10 +15,8 @@ namespace {
 class AidDialogs : public PopupFixture {
  protected:
   void Trigger(const char* tool) {
-    QAction* action = m_frame.findChild<QAction*>(QString::fromLatin1(tool));
-    ASSERT_NE(action, nullptr) << tool;
-    ASSERT_TRUE(QTest::qWaitFor([&] { return action->isEnabled(); })) << tool;
-    action->trigger();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Tool(tool).isEnabled(); })) << tool;
+    Tool(tool).trigger();
   }
   /// Triggers a command that shows a modal window, and uses that window.
   template <typename Using>

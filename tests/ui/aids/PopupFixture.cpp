@@ -1,9 +1,7 @@
 #include "tests/ui/aids/PopupFixture.h"
 
-#include <QApplication>
 #include <QHash>
 #include <QKeyEvent>
-#include <QTest>
 
 namespace tests {
 namespace {
@@ -27,15 +25,8 @@ NamedKey KeyOf(const QString& key) {
 
 }  // namespace
 
-PopupFixture::PopupFixture(const std::string& templates) : m_frame(m_prompts, templates) {
-  m_frame.show();
-  EXPECT_TRUE(QTest::qWaitForWindowActive(&m_frame));
-}
-
-PopupFixture::~PopupFixture() = default;
-
 void PopupFixture::Open(const std::string& name, const std::string& text) {
-  m_frame.OpenFile(m_folder.Write(name, text));
+  FrameFixture::Open(name, text);
   Text().SetSelStart(Text().Length());
   QApplication::processEvents();
 }

@@ -1,26 +1,18 @@
 #pragma once
 // A frame with one document whose completion list and tooltip the tests play with real key events.
 
-#include <gtest/gtest.h>
-
 #include <QEvent>
 #include <QListView>
 #include <QString>
 
 #include "aids/ui/ContextList.h"
 #include "aids/ui/frmToolTip.h"
-#include "shell/ui/BackWin.h"
-#include "tests/support/ScriptedPrompts.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/ui/FrameFixture.h"
 
 namespace tests {
 
-class PopupFixture : public testing::Test {
+class PopupFixture : public FrameFixture {
  protected:
-  /// The templates of the folder are the frame's.
-  explicit PopupFixture(const std::string& templates = QUILLMARK_SOURCE_DIR "/data/templates");
-  ~PopupFixture() override;
-
   /// Opens a file with this text and puts the caret at its end.
   void Open(const std::string& name, const std::string& text);
 
@@ -37,10 +29,6 @@ class PopupFixture : public testing::Test {
   QListView& CList() { return *List().findChild<QListView*>(QStringLiteral("CList")); }
   /// The text of the selected row; "" for none.
   std::string Selected();
-
-  TemporaryFolder m_folder;
-  ScriptedPrompts m_prompts;
-  shell::ui::BackWin m_frame;
 
  private:
   void Send(QEvent::Type type, const QString& key, bool repeated);

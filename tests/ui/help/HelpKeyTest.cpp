@@ -1,29 +1,19 @@
 // Help from where the user is: F1 in windows and dialogs, the commands of the Help menu, the about box.
 
-#include <gtest/gtest.h>
-
-#include <QAction>
 #include <QDialog>
 #include <QLabel>
 
 #include "platform/qt/HelpWindow.h"
 #include "platform/qt/QtPrompts.h"
-#include "shell/ui/BackWin.h"
-#include "tests/support/ScriptedPrompts.h"
-#include "tests/support/TemporaryFolder.h"
-#include "tests/ui/Widgets.h"
+#include "tests/ui/FrameFixture.h"
 
 namespace {
 
 using platform::qt::HelpCollection;
 using platform::qt::HelpWindow;
 
-class HelpKeyTest : public testing::Test {
+class HelpKeyTest : public tests::FrameFixture {
  protected:
-  HelpKeyTest() { tests::Activate(m_frame); }
-
-  QAction* Tool(const char* name) const { return m_frame.findChild<QAction*>(QLatin1String(name)); }
-
   static HelpWindow* Help() {
     for (QWidget* window : QApplication::topLevelWidgets())
       if (auto* help = qobject_cast<HelpWindow*>(window)) return help;
@@ -54,10 +44,6 @@ class HelpKeyTest : public testing::Test {
     show();
     return seen;
   }
-
-  tests::TemporaryFolder m_folder;
-  tests::ScriptedPrompts m_prompts;
-  shell::ui::BackWin m_frame{m_prompts, QUILLMARK_SOURCE_DIR "/data/templates"};
 };
 
 TEST_F(HelpKeyTest, F1OpensThePageOfTheDialogWhichStaysUsable) {
@@ -70,8 +56,8 @@ TEST_F(HelpKeyTest, F1OpensThePageOfTheDialogWhichStaysUsable) {
       {"miAddSynonym", "frmSynonymSelect: select-synonym.html"},
       {"miHAbout", "AboutBox: about.html"},
   };
-  for (const auto& [tool, seen] : cases) EXPECT_EQ(PageOfDialog([&] { Tool(tool)->trigger(); }), seen);
-  Tool("miFind")->trigger();
+  for (const auto& [tool, seen] : cases) EXPECT_EQ(PageOfDialog([&] { Tool(tool).trigger(); }), seen);
+  Tool("miFind").trigger();
   auto& find = tests::Child<QDialog>(m_frame, "FindReplace");
   QTest::keyClick(find.focusWidget() ? find.focusWidget() : &find, Qt::Key_F1);
   EXPECT_EQ(Page(), "find-replace.html");
@@ -94,11 +80,11 @@ TEST_F(HelpKeyTest, F1InTheFrameIsTheCommandAndInAMessageThePageOfItsWindow) {
 }
 
 TEST_F(HelpKeyTest, TheHelpMenuOpensContentsAndKeywords) {
-  Tool("miHContents")->trigger();
+  Tool("miHContents").trigger();
   EXPECT_EQ(Page(), "index.html");
   auto* tabs = Help()->findChild<QTabWidget*>(QStringLiteral("HelpNavigation"));
   EXPECT_EQ(tabs->currentIndex(), 0);
-  Tool("miHSearch")->trigger();
+  Tool("miHSearch").trigger();
   EXPECT_EQ(tabs->currentIndex(), 1);
   EXPECT_EQ(Help()->focusWidget()->objectName(), QStringLiteral("HelpKeyword"));
   m_frame.close();
@@ -112,7 +98,7 @@ TEST_F(HelpKeyTest, TheAboutBoxTellsVersionsAndShowsTheLicence) {
     Q_EMIT tests::Child<QLabel>(box, "lblLicence").linkActivated(QStringLiteral("licence.html"));
     box.close();
   });
-  Tool("miHAbout")->trigger();
+  Tool("miHAbout").trigger();
   for (const std::string& part : {std::string("Quillmark 3."), std::string("GPL-3.0-or-later"), std::string(qVersion()),
                                   std::string("qscintilla2")})
     EXPECT_NE(texts.find(part), std::string::npos) << part << " is missing in: " << texts;

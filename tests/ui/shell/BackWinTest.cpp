@@ -1,54 +1,20 @@
 // The frame with real document windows: files opened, typed into, saved and closed.
 
-#include "shell/ui/BackWin.h"
-
-#include <gtest/gtest.h>
-
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QLabel>
 #include <QMdiSubWindow>
-#include <QTest>
-#include <QTimer>
 #include <QToolButton>
 
-#include "editor/ColourPass.h"
 #include "rich_text/Rtf.h"
-#include "templates/Loader.h"
-#include "tests/support/ScriptedPrompts.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/ui/FrameFixture.h"
 
 namespace {
 
 using platform::PromptAnswer;
-using shell::ui::BackWin;
-using tests::ScriptedPrompts;
-using tests::TemporaryFolder;
 
 constexpr const char* Templates = QUILLMARK_SOURCE_DIR "/data/templates";
 
-class FrameTest : public testing::Test {
- protected:
-  FrameTest() {
-    m_frame.show();
-    EXPECT_TRUE(QTest::qWaitForWindowExposed(&m_frame));
-  }
-
-  editor::ui::Mainwin& Open(const std::string& name, std::string_view bytes) {
-    m_frame.OpenFile(m_folder.Write(name, bytes));
-    return *m_frame.ActiveDocument();
-  }
-
-  QAction* Tool(const char* name) const { return m_frame.findChild<QAction*>(QString::fromLatin1(name)); }
-  std::size_t OpenWindows() const { return m_frame.WindowCount(); }
-  bool AllClosed() {
-    return QTest::qWaitFor([&] { return OpenWindows() == 0; });
-  }
-
-  TemporaryFolder m_folder;
-  ScriptedPrompts m_prompts;
-  BackWin m_frame{m_prompts, Templates};
-};
+using FrameTest = tests::FrameFixture;
 
 TEST_F(FrameTest, EveryCommandHasItsAction) {
   EXPECT_EQ(m_frame.WaitingCommands(), std::vector<std::string>());
@@ -62,7 +28,7 @@ TEST_F(FrameTest, UndoAndRedoByTheirKeys) {
   QGuiApplication::clipboard()->setText(QStringLiteral("var p;\nreturn 'q';\n"));
   QTest::keyClick(area.viewport(), Qt::Key_V, Qt::ControlModifier);
   const std::string pasted = area.Text();
-  EXPECT_TRUE(QTest::qWaitFor([&] { return Tool("miUndo")->isEnabled(); })) << "half a second later it is a record";
+  EXPECT_TRUE(QTest::qWaitFor([&] { return Tool("miUndo").isEnabled(); })) << "half a second later it is a record";
   area.Select(3, area.LineStart(5) + 2);
   QTest::keyClick(area.viewport(), Qt::Key_Delete);
   const std::string cut = area.Text();
@@ -76,13 +42,13 @@ TEST_F(FrameTest, UndoAndRedoByTheirKeys) {
   EXPECT_EQ(press(Qt::Key_Z), text);
   QTest::keyClick(area.viewport(), Qt::Key_End, Qt::ControlModifier);
   EXPECT_EQ(area.TextRTF(), coloured) << "what came back is coloured as it was, once the caret has left its line";
-  EXPECT_FALSE(Tool("miUndo")->isEnabled());
+  EXPECT_FALSE(Tool("miUndo").isEnabled());
   EXPECT_EQ(press(Qt::Key_Y), pasted);
   EXPECT_EQ(press(Qt::Key_Z, Qt::ShiftModifier), cut);
-  EXPECT_FALSE(Tool("miRedo")->isEnabled());
+  EXPECT_FALSE(Tool("miRedo").isEnabled());
 
   Open("b.js", "other\n");
-  EXPECT_FALSE(Tool("miUndo")->isEnabled()) << "each document has a history of its own";
+  EXPECT_FALSE(Tool("miUndo").isEnabled()) << "each document has a history of its own";
 }
 
 TEST_F(FrameTest, AFileThatDoesNotExistOpensNothing) {
@@ -90,7 +56,7 @@ TEST_F(FrameTest, AFileThatDoesNotExistOpensNothing) {
                     .Title = "Error opening file...",
                     .Icon = platform::PromptIcon::Critical});
   m_frame.OpenFile("/no/such/file.js");
-  EXPECT_EQ(OpenWindows(), 0U);
+  EXPECT_EQ(m_frame.WindowCount(), 0U);
 }
 
 TEST_F(FrameTest, TheTemplatePanelLetsTheUserChooseATemplate) {
@@ -122,7 +88,7 @@ TEST_F(FrameTest, ColouringALongFileYieldsAndEndsWithItsWindow) {
     closedWhileBusy = true;
     EXPECT_FALSE(window->TextArea().Enabled());
     window->parentWidget()->close();
-    EXPECT_EQ(OpenWindows(), 1U);  // the run below in the stack still needs it
+    EXPECT_EQ(m_frame.WindowCount(), 1U);  // the run below in the stack still needs it
   });
   closer.start(0);
   m_frame.OpenFile(path);

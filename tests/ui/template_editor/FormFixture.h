@@ -1,8 +1,6 @@
 #pragma once
 // Template editors in a real frame, used with keys and mouse. The frame's templates are copies in a folder of the test.
 
-#include <gtest/gtest.h>
-
 #include <QAbstractItemView>
 #include <QLineEdit>
 #include <QMdiArea>
@@ -10,37 +8,31 @@
 #include <QPushButton>
 #include <QTabWidget>
 
-#include "shell/ui/BackWin.h"
 #include "template_editor/ui/frmTemplate.h"
-#include "tests/support/ScriptedPrompts.h"
-#include "tests/support/TemporaryFolder.h"
-#include "tests/ui/Widgets.h"
+#include "tests/ui/FrameFixture.h"
 
 namespace tests {
 
-class FormTest : public testing::Test {
+class FormTest : public FrameFixture {
  protected:
   using Form = template_editor::ui::frmTemplate;
 
-  FormTest() {
-    Frame.resize(1200, 900);
-    Activate(Frame);
-  }
+  FormTest() : FrameFixture("") { m_frame.resize(1200, 900); }
 
   /// The editor in front.
   Form& Active() const {
-    const QMdiSubWindow* window = Frame.findChild<QMdiArea*>()->currentSubWindow();
+    const QMdiSubWindow* window = m_frame.findChild<QMdiArea*>()->currentSubWindow();
     auto* form = window ? qobject_cast<Form*>(window->widget()) : nullptr;
     if (!form) throw std::runtime_error("no template editor is active");
     return *form;
   }
   Form& NewTemplate() {
-    Frame.ActiveBar_ToolClick("newTemplate");
+    m_frame.ActiveBar_ToolClick("newTemplate");
     return Active();
   }
   Form& OpenTemplate(const std::string& path) {
-    Prompts.ExpectOpenFile("Open Template", path);
-    Frame.ActiveBar_ToolClick("OpenTemplate");
+    m_prompts.ExpectOpenFile("Open Template", path);
+    m_frame.ActiveBar_ToolClick("OpenTemplate");
     return Active();
   }
 
@@ -49,7 +41,6 @@ class FormTest : public testing::Test {
     return tests::Child<Widget>(Active(), name);
   }
   std::string TextOf(const char* field) const { return Child<QLineEdit>(field).text().toStdString(); }
-  QAction& Tool(const char* name) const { return tests::Child<QAction>(Frame, name); }
   void ShowPage(int page) const { Child<QTabWidget>("TabStrip").setCurrentIndex(page); }
 
   void Click(const char* button) const { tests::Click(Active(), button); }
@@ -65,10 +56,6 @@ class FormTest : public testing::Test {
     return rows.isEmpty() ? -1 : rows.first().row();
   }
   int RowCount(const char* list) const { return Child<QAbstractItemView>(list).model()->rowCount(); }
-
-  TemporaryFolder Folder;
-  ScriptedPrompts Prompts;
-  shell::ui::BackWin Frame{Prompts, Folder.Path()};
 };
 
 }  // namespace tests

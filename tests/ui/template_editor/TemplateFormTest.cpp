@@ -17,11 +17,11 @@ class TemplateForm : public FormTest {
  protected:
   /// Three colours, a word of the third, two action words.
   std::string WriteSample() const {
-    return Folder.Write("s.def",
-                        "N: Sample\r\nD: .(\r\nC: #0000FF\r\n;Red\r\nC: #00FF00\r\n;Green\r\nC: #FF0000\r\n;Blue\r\n"
-                        "L: rem 1  3 True\r\nL: /* 2 */ 2 False\r\n"
-                        "W: \"a\" 2\r\n2 \".\" 1\r\n\"\"\r\nopen 5\r\n1 \"(\" 0\r\n\"(x)\"\r\nW: \"b\" 0\r\n"
-                        "Y: \"x\" \"a\"\r\n");
+    return m_folder.Write("s.def",
+                          "N: Sample\r\nD: .(\r\nC: #0000FF\r\n;Red\r\nC: #00FF00\r\n;Green\r\nC: #FF0000\r\n;Blue\r\n"
+                          "L: rem 1  3 True\r\nL: /* 2 */ 2 False\r\n"
+                          "W: \"a\" 2\r\n2 \".\" 1\r\n\"\"\r\nopen 5\r\n1 \"(\" 0\r\n\"(x)\"\r\nW: \"b\" 0\r\n"
+                          "Y: \"x\" \"a\"\r\n");
   }
   /// What each of the named controls says.
   template <typename Widget>
@@ -126,10 +126,10 @@ TEST_F(TemplateForm, ARemovedColourLeavesItsWordsVisiblyWithout) {
 TEST_F(TemplateForm, TheColourChooserIsTheFrames) {
   NewTemplate();
   ShowPage(1);
-  Prompts.ExpectColour(0, 0x123456);
+  m_prompts.ExpectColour(0, 0x123456);
   Click("ColBrowse");
   EXPECT_EQ(TextOf("ColHex"), "#123456");
-  Prompts.ExpectColour(0x123456, std::nullopt);
+  m_prompts.ExpectColour(0x123456, std::nullopt);
   Click("ColBrowse");
   EXPECT_EQ(TextOf("ColHex"), "#123456");
   EXPECT_TRUE(Child<QPushButton>("colAdd").isDefault());

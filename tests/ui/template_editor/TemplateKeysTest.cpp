@@ -21,13 +21,13 @@ TEST_F(TemplateKeys, ATemplateIsWrittenWithTheKeyboardAlone) {
   if (QApplication::focusWidget()->objectName() != QStringLiteral("InitialText")) Play("<Tab>");
   Play("say(x<Return><Tab>y<Ctrl+Z>");
   Play("<Ctrl+PgDown><Alt+N>d<Alt+S>doc<Ctrl+PgDown><Alt+V>1.0<Alt+A>Me<Alt+D>today<Alt+C>No comment");
-  Prompts.ExpectSaveFile("Save Template", Folder.Path("tiny.def"));
+  m_prompts.ExpectSaveFile("Save Template", m_folder.Path("tiny.def"));
   Play("<Ctrl+S>");
-  ASSERT_EQ(Prompts.Unasked(), 0U);
+  ASSERT_EQ(m_prompts.Unasked(), 0U);
 
   templates::TemplateFields fields;
   templates::CollectedMessages messages;
-  const auto result = templates::LoadTemplate(Folder.Path("tiny.def"), fields, {}, messages);
+  const auto result = templates::LoadTemplate(m_folder.Path("tiny.def"), fields, {}, messages);
   EXPECT_TRUE(messages.Problems.empty());
   EXPECT_EQ(result.InitialText, "say(x\r\n\t");
   EXPECT_EQ(fields.TName + '|' + fields.DefaultExtension + '|' + fields.ExecuteCommand, "Tiny|tny|tiny \"%s\"");
@@ -56,9 +56,9 @@ TEST_F(TemplateKeys, ATemplateIsWrittenWithTheKeyboardAlone) {
   EXPECT_EQ(fields.Synonyms.Item("d")->Synonym, "doc");
 
   // The menu of templates has it, and a new document begins with its text.
-  Frame.ActiveBar_ToolClick("Template1");
-  ASSERT_NE(Frame.ActiveDocument(), nullptr);
-  EXPECT_EQ(Frame.ActiveDocument()->TextArea().Text(), "say(x\r\n\t");
+  m_frame.ActiveBar_ToolClick("Template1");
+  ASSERT_NE(m_frame.ActiveDocument(), nullptr);
+  EXPECT_EQ(m_frame.ActiveDocument()->TextArea().Text(), "say(x\r\n\t");
 }
 
 TEST_F(TemplateKeys, EveryFieldIsReachedByItsKey) {

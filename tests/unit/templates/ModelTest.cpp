@@ -45,29 +45,6 @@ TEST(WrdAct, TheListsKeepTheirOldPlacesWhenTheCountDropsToZero) {
   EXPECT_EQ(CodeOf([&] { action.IconList(3); }), 9);
 }
 
-TEST(Model, AddToKeepsTheFirstWordAndRefusesASecondAction) {
-  KeyedCollection<Word> words;
-  KeyedCollection<colWord> colWords;
-  for (const char* name : {"If", "if", "Else"}) {
-    auto word = std::make_shared<Word>();
-    word->Name = name;
-    word->AddTo(words);
-    auto coloured = std::make_shared<colWord>();
-    coloured->StartWord = name;
-    coloured->AddTo(colWords);
-  }
-  ASSERT_EQ(words.Count(), 2U);
-  EXPECT_EQ(words.Item("IF")->Name, "If");
-  EXPECT_TRUE(words.Item(2)->Ping());
-  ASSERT_EQ(colWords.Count(), 2U);
-  EXPECT_EQ(colWords.Item("iF")->StartWord, "If");
-
-  KeyedCollection<WrdAct> actions;
-  tests::MakeAction(1, "x", "first", {})->AddTo(actions);
-  EXPECT_EQ(CodeOf([&] { tests::MakeAction(2, "X", "second", {})->AddTo(actions); }), 5);
-  EXPECT_EQ(actions.Item("X")->tipText, "first");
-}
-
 TEST(Model, DelimetersAreWholeCharactersWithTheirCase) {
   TemplateFields fields;
   EXPECT_FALSE(fields.IsDelimeter(" "));

@@ -15,8 +15,8 @@
 namespace {
 
 /// The lines of a template file that are neither empty nor comments, sorted by what they begin with: the writer has an
-/// order of its own for the records, but keeps that of those of one kind. Line ends are left out, and the help file: the
-/// editor names one where the template has none.
+/// order of its own for the records, but keeps that of those of one kind. Line ends are left out, and the help file:
+/// the editor names one where the template has none.
 std::vector<std::string> Records(const std::string& bytes) {
   std::vector<std::string> lines;
   std::istringstream text(bytes);

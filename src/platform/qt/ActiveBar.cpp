@@ -39,6 +39,7 @@ ActiveBar::ActiveBar(QMainWindow& window, const BarDesign& design, ActiveBarEven
         }
         if (m_events.ToolClick) m_events.ToolClick(tool);
       }) {
+  m_menuStyle->setParent(&window);
   static const BandDesign customising = CustomisingBand();
   m_bands.reserve(design.Bands.size() + 1);
   for (const BandDesign& band : design.Bands) MakeBand(band);
@@ -85,6 +86,7 @@ QMenu* ActiveBar::MakeMenu(std::string_view band, std::string_view caption) {
   menu->setObjectName(Text(band));
   menu->setAccessibleName(Text(caption));
   new MenuKeys(*menu);
+  menu->setStyle(m_menuStyle);
   connect(menu, &QMenu::aboutToShow, this, [this, band] { Opening(band); });
   return menu;
 }

@@ -8,6 +8,7 @@
 #include <QPointer>
 
 #include "platform/BandLayout.h"
+#include "platform/qt/MenuStyle.h"
 #include "platform/qt/ToolActions.h"
 
 class QMainWindow;
@@ -93,6 +94,7 @@ class ActiveBar final : public QObject, public platform::ActiveBar {
   const BarDesign& m_design;
   ActiveBarEvents m_events;
   ToolActions m_actions;
+  QStyle* m_menuStyle = new MenuStyle;
   std::vector<Band> m_bands;
   QPointer<CustomiseDialog> m_dialog;
 };

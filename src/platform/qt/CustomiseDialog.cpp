@@ -81,6 +81,8 @@ CustomiseDialog::CustomiseDialog(ActiveBar& bar, QWidget& parent)
   setObjectName(QStringLiteral("CustomiseDialog"));
   setWindowTitle(tr("Customise Toolbars and Menus"));
   m_tools->setObjectName(QStringLiteral("AllTools"));
+  const int iconSide = style()->pixelMetric(QStyle::PM_SmallIconSize);
+  m_tools->setIconSize(QSize(iconSide, iconSide));  // as in the tree beside it
   m_tools->setDragEnabled(true);
   m_tools->setAcceptDrops(true);
   m_bands->setObjectName(QStringLiteral("Bands"));
@@ -101,7 +103,9 @@ CustomiseDialog::CustomiseDialog(ActiveBar& bar, QWidget& parent)
   Refresh();
   m_bands->expandItem(BandItem(*m_bands, "Toolbar"));
   m_tools->setCurrentRow(0);
-  resize(680, 520);
+  m_tools->setMinimumWidth(m_tools->sizeHintForColumn(0) + 2 * m_tools->frameWidth() +
+                           style()->pixelMetric(QStyle::PM_ScrollBarExtent));
+  resize(QSize(680, 520).expandedTo(sizeHint()));
 }
 
 QLayout* CustomiseDialog::MakeColumns() {
@@ -141,12 +145,15 @@ QPushButton* CustomiseDialog::MakeButton(const char* name, const QString& text, 
 }
 
 void CustomiseDialog::FillList() {
-  auto* line = new QListWidgetItem(tr("Separator"), m_tools);
+  QPixmap nothing(m_tools->iconSize());
+  nothing.fill(Qt::transparent);
+  const QIcon none(nothing);  // so that all captions begin in one column
+  auto* line = new QListWidgetItem(none, tr("Separator"), m_tools);
   line->setData(NameRole, Text(Separator));
   for (const ToolDesign& tool : m_bar.Design().Tools) {
     const QAction* action = m_bar.Actions().Find(tool.Name);
     const QString text = action->iconText().isEmpty() ? Text(tool.Name) : action->iconText();
-    auto* item = new QListWidgetItem(action->icon(), text, m_tools);
+    auto* item = new QListWidgetItem(action->icon().isNull() ? none : action->icon(), text, m_tools);
     item->setData(NameRole, Text(tool.Name));
     item->setToolTip(action->toolTip());
   }

@@ -84,8 +84,9 @@ int PairList::WidestText(int column) const {
 }
 
 void PairList::SetColumnWidths(int first, int second) {
-  m_lstAss->setColumnWidth(0, first);
-  m_lstAss->setColumnWidth(1, second);
+  const QHeaderView& header = *m_lstAss->header();  // which stays readable above a short list
+  m_lstAss->setColumnWidth(0, std::max(first, header.sectionSizeHint(0)));
+  m_lstAss->setColumnWidth(1, std::max(second, header.sectionSizeHint(1)));
 }
 
 void PairList::FitColumns() {

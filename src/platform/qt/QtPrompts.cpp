@@ -4,7 +4,9 @@
 #include <QColorDialog>
 #include <QFileDialog>
 #include <QFontDialog>
+#include <QHeaderView>
 #include <QMessageBox>
+#include <QTreeView>
 
 #include "platform/qt/FontChoice.h"
 
@@ -68,6 +70,23 @@ QString SuffixOf(const FileFilter& filter) {
   return suffix.contains(QLatin1Char('*')) || suffix.contains(QLatin1Char('?')) ? QString() : suffix;
 }
 
+/// Makes the toolkit's own chooser wide enough to read sizes, kinds and times. The desktop's chooser, where there is
+/// one, knows best itself.
+void WidenColumns(QFileDialog& dialog) {
+  const auto* list = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
+  if (!list) return;
+  QHeaderView& header = *list->header();
+  const char* samples[] = {"a name of a file of some length", "1023.99 KiB", "plain text document",
+                           "26 Sep 2026 23:59:59"};
+  int width = 0;
+  for (int column = 0; column < header.count() && column < 4; ++column) {
+    const int needed = list->fontMetrics().horizontalAdvance(QLatin1String(samples[column])) + 24;
+    if (header.sectionSize(column) < needed) header.resizeSection(column, needed);
+    width += header.sectionSize(column);
+  }
+  dialog.resize(dialog.size().expandedTo(QSize(width * 5 / 4, width * 3 / 4)));
+}
+
 }  // namespace
 
 PromptAnswer QtPrompts::Show(const MessageBox& box) {
@@ -110,6 +129,7 @@ std::string QtPrompts::Ask(const FileQuestion& question, bool forSaving) {
   useSuffix(dialog.selectedNameFilter());
   QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, useSuffix);
   if (!question.SuggestedName.empty()) dialog.selectFile(QString::fromStdString(question.SuggestedName));
+  WidenColumns(dialog);
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return "";
   if (question.Folder.empty()) m_lastFolder = dialog.directory().absolutePath();
   return dialog.selectedFiles().constFirst().toStdString();

@@ -73,7 +73,7 @@ TEST_F(TabStripTest, ADraggedTabIsNoClick) {
 const platform::BarDesign& Design() {
   static const platform::BarDesign design = {
       .Tools = {{.Name = "file", .Caption = "&File", .SubBand = "mnuFile", .HasCommand = false},
-                {.Name = "save", .Caption = "&Save", .Shortcut = "Ctrl+S"},
+                {.Name = "save", .Caption = "&Save", .Shortcut = "Ctrl+S", .Icon = "save"},
                 {.Name = "wrap", .Caption = "&Wrap", .Checkable = true}},
       .Bands = {{.Name = "main", .Kind = BandKind::MenuBar, .Tools = {{"file"}}},
                 {.Name = "mnuFile", .Caption = "File", .Tools = {{"save"}, {"wrap"}}},
@@ -117,6 +117,24 @@ TEST(ActiveBar, AToolHasOneStateAndOneShortcutOnAllItsBands) {
   window.Bar.Check("wrap", true);
   for (const char* bar : {"bar", "other"})
     EXPECT_TRUE(window.findChild<QToolBar*>(QString::fromLatin1(bar))->actions().last()->isChecked()) << bar;
+}
+
+TEST(ActiveBar, TheIconOfTheSelectedEntryIsSeenOnTheSelectionsColour) {
+  Window window;
+  auto* menu = window.findChild<QMenu*>(QStringLiteral("mnuFile"));
+  menu->popup(QPoint(0, 0));
+  QAction* save = menu->actions().first();
+  menu->setActiveAction(save);
+  const QRect entry = menu->actionGeometry(save);
+  const QImage icon = menu->grab(QRect(entry.topLeft(), QSize(entry.height(), entry.height()))).toImage();
+  int light = 0, dark = 0;
+  for (int y = 0; y < icon.height(); ++y)
+    for (int x = 0; x < icon.width(); ++x) {
+      light += icon.pixelColor(x, y).lightness() > 220;
+      dark += icon.pixelColor(x, y).lightness() < 60;
+    }
+  EXPECT_GT(light, 10);
+  EXPECT_EQ(dark, 0);
 }
 
 TEST(ActiveBar, AnArrangementMadeByKeyboardComesBackFromItsText) {

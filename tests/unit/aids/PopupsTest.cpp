@@ -47,7 +47,7 @@ class NotedTip : public TipWindow {
   }
 };
 
-constexpr int KeyA = 65, KeyEsc = 27;
+constexpr int KeyA = 65, KeyEsc = 27, KeyPageUp = 33, KeyPageDown = 34, KeyUp = 38, KeyDown = 40;
 
 /// One document with the action word "doc": "." lists three words, "(" gives a hint.
 struct Page {
@@ -116,6 +116,27 @@ TEST_F(PopupsTest, ARequestIsTakenUpWhereItsWordStands) {
       EXPECT_EQ(shown, c.Shown);
     }
   }
+}
+
+TEST_F(PopupsTest, AKeyThatSelectsNothingIsTheTexts) {
+  m_page.Ask("doc.|prxyz(", U'.');
+  EXPECT_EQ(m_list.Row, 0) << "opens with no row selected, whatever stands behind the caret";
+  struct Step {
+    int Key;
+    bool Consumed;
+    int Row;
+  };
+  const Step steps[] = {{KeyDown, true, 1},     {KeyUp, false, 1},     {KeyDown, true, 2},   {KeyDown, true, 3},
+                        {KeyDown, false, 3},    {KeyUp, true, 2},      {KeyPageUp, true, 1}, {KeyPageDown, true, 2},
+                        {KeyPageDown, true, 3}, {KeyPageDown, true, 3}};
+  for (const Step& step : steps) {
+    EXPECT_EQ(m_page.Aids.KeyDown(step.Key, 0), step.Consumed) << step.Key;
+    EXPECT_TRUE(m_page.Aids.KeyUp(step.Key, 0)) << "the release is swallowed";
+    EXPECT_EQ(m_list.Row, step.Row);
+  }
+  m_page.Aids.WriteIt();
+  EXPECT_EQ(m_page.Edits, 1);
+  EXPECT_FALSE(m_page.Aids.KeyDown(KeyDown, 0) || m_page.Aids.KeyUp(KeyDown, 0)) << "the arrow is the text's again";
 }
 
 TEST_F(PopupsTest, WhatClosesTheListWritesNothingWithoutASelectedRow) {

@@ -175,6 +175,12 @@ TEST_F(UndoTest, ANewEditEmptiesTheRedoHistory) {
   EXPECT_EQ(Tools(), "undo on, redo off");
 }
 
+TEST_F(UndoTest, ControlZTakesBackWhatIsOnlyPending) {
+  m_control.Type("abc");
+  EXPECT_TRUE(m_control.Press('Z', platform::Shift::Ctrl));
+  EXPECT_EQ(m_control.Text(), "");
+}
+
 TEST_F(UndoTest, TheProgramsOwnChangesAreNotRecordedAndTheViewStays) {
   m_document.SetTemplate(m_folder.Write("S.def", "N: S\nC: #0000FF\nL: \"word\" 0  1 True\nD: \" \"\n"));
   Open("word one\nword two\n");

@@ -173,6 +173,29 @@ TEST_F(TemplateEditorTest, TheEndWordBelongsToItsOption) {
   EXPECT_EQ(m_editor.EndPoint(), 2);
 }
 
+TEST_F(TemplateEditorTest, SynonymRowsAreWrittenThrough) {
+  EXPECT_FALSE(m_editor.FieldEnabled(TextField::txtWord));
+  EXPECT_TRUE(m_editor.Click(Button::btnDelete).Beep);
+  EXPECT_EQ(m_editor.Click(Button::btnNew).Focus, TextField::txtWord);
+  m_editor.Click(Button::btnNew);
+  EXPECT_FALSE(m_editor.Typed(TextField::txtWord, "do\"c"));
+  Type(TextField::ActWordName, "document");
+  m_editor.Click(Button::ActAdd);
+  m_editor.TakeSynonym(0);
+  m_editor.TakeSynonym(9);
+  ASSERT_EQ(m_editor.Synonyms().size(), 2U);
+  EXPECT_EQ(m_editor.Synonyms()[0].Word + m_editor.Synonyms()[0].Synonym, "new(click to select, then edit below)");
+  EXPECT_EQ(m_editor.Synonyms()[1].Word + m_editor.Synonyms()[1].Synonym, "docdocument");
+  m_editor.Click(Button::btnNew);
+  m_editor.Select(List::lstAss, 1);
+  m_editor.Click(Button::btnDelete);
+  EXPECT_EQ(m_editor.Selected(List::lstAss), 1U) << "the row that takes its place";
+  m_editor.Click(Button::btnDelete);
+  EXPECT_EQ(m_editor.TextOf(TextField::txtWord), "new");
+  m_editor.Click(Button::btnDelete);
+  EXPECT_EQ(m_editor.TextOf(TextField::txtWord), "");
+}
+
 // Files.
 
 TEST_F(TemplateEditorTest, ATemplateKeepsTheEncodingOfItsFile) {

@@ -42,6 +42,7 @@ struct Settings {
   platform::FontRecord FixedFont{.Name = "Courier New", .Fixed = true};
   platform::FontRecord DosFont{.Name = "Andale Mono", .Fixed = true};
   FramePlace Frame;
+  FramePlace HelpWindow;                          ///< as for the frame; no width: it has never been opened
   std::vector<std::string> History;               ///< recent files to store, at most 3, the oldest first
   std::vector<templates::Template> Associations;  ///< the user's: Extension and FileName; Name is ""
   std::string Version;                            ///< of the stored settings; "" when they come from an older release

@@ -74,7 +74,7 @@ class Load {
   /// Everything after the opening of the main key; false when a step failed, which Status names.
   bool Run() {
     m_values.Version = GetStringValue(m_registry, MainKey, "");
-    return ReadFramePlace() && ReadAssociations() && ReadFonts() && ReadHistory() && ReadSettings();
+    return ReadFramePlace() && ReadHelpPlace() && ReadAssociations() && ReadFonts() && ReadHistory() && ReadSettings();
   }
   const std::string& Status() const { return m_progress.Status; }
 
@@ -83,6 +83,14 @@ class Load {
     m_progress.At("Opening WindowPos Key");
     std::string bytes;
     return Succeeded(QueryBinary(m_registry, MainKey, "WindowPos", bytes)) && UnpackFramePlace(bytes, m_values.Frame);
+  }
+
+  /// Settings without it are whole.
+  bool ReadHelpPlace() {
+    std::string bytes;
+    if (Succeeded(QueryBinary(m_registry, MainKey, "HelpWindowPos", bytes)))
+      UnpackFramePlace(bytes, m_values.HelpWindow);
+    return true;
   }
 
   bool ReadAssociations() {
@@ -157,7 +165,14 @@ class Save {
 
   bool WriteMainValues() {
     return Succeeded(SetStringValue(m_registry, MainKey, "", SettingsVersion)) &&
-           Succeeded(SetBinary(m_registry, MainKey, "WindowPos", PackFramePlace(m_values.Frame)));
+           Succeeded(SetBinary(m_registry, MainKey, "WindowPos", PackFramePlace(m_values.Frame))) && WriteHelpPlace();
+  }
+
+  bool WriteHelpPlace() {
+    if (m_values.HelpWindow.Width > 0)
+      return Succeeded(SetBinary(m_registry, MainKey, "HelpWindowPos", PackFramePlace(m_values.HelpWindow)));
+    m_registry.DeleteValue(MainKey, "HelpWindowPos");
+    return true;
   }
 
   /// The key holds the associations in memory and no others; of two with one extension the last.

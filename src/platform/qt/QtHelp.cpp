@@ -4,8 +4,8 @@
 
 namespace platform::qt {
 
-QtHelp::QtHelp(const std::string& file, Prompts& prompts, Shell& shell)
-    : m_file(file), m_prompts(prompts), m_shell(shell) {}
+QtHelp::QtHelp(const std::string& file, Prompts& prompts, Shell& shell, std::function<void(QWidget&)> place)
+    : m_file(file), m_prompts(prompts), m_shell(shell), m_place(std::move(place)) {}
 
 QtHelp::~QtHelp() = default;
 
@@ -17,6 +17,11 @@ HelpWindow* QtHelp::Window() {
     return nullptr;
   }
   m_window = std::make_unique<HelpWindow>(std::move(collection), m_shell);
+  if (m_place) m_place(*m_window);
+  return m_window.get();
+}
+
+const QWidget* QtHelp::Widget() const {
   return m_window.get();
 }
 

@@ -119,6 +119,7 @@ void BackWin::closeEvent(QCloseEvent* event) {
         QTimer::singleShot(0, this, &QWidget::close);
     return;
   }
+  RememberHelp();
   m_help.Hide();
   m_listener.reset();
   if (!std::exchange(m_loaded, false)) return;

@@ -157,6 +157,8 @@ class BackWin : public QMainWindow, private editor::DocumentFrame, private templ
   void BindEditCommands();
   void BindWindowCommands();
   void BindHelpCommands();
+  void PlaceHelp(QWidget& window);
+  void RememberHelp();
   void BindAidCommands();
   void BindSettingsCommands();
   void BindTemplateCommands();
@@ -184,7 +186,7 @@ class BackWin : public QMainWindow, private editor::DocumentFrame, private templ
   aids::ui::SharedPopups m_popups{*this};
   aids::ui::FrameAids m_aids;
   platform::qt::QtShell m_shell;
-  platform::qt::QtHelp m_help{m_values.HelpFile, m_prompts, m_shell};
+  platform::qt::QtHelp m_help{m_values.HelpFile, m_prompts, m_shell, [this](QWidget& window) { PlaceHelp(window); }};
   HelpKey m_helpKey{m_help};
   std::unique_ptr<FrameLifetime> m_lifetime;
   std::unique_ptr<HandOverListener> m_listener;

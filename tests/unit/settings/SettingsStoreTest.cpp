@@ -119,6 +119,16 @@ TEST_F(SettingsStoreTest, EveryValueIsStoredInItsFormAndComesBack) {
   const std::string withMine = Folder.Read("registry.reg");
   EXPECT_TRUE(Save());
   EXPECT_EQ(Folder.Read("registry.reg"), withMine);  // nothing changed, what is not ours stays
+  const FramePlace help{1500, 3000, 9000, 6000, WindowState::Normal};
+  const Settings before = Values;
+  Values.HelpWindow = help;
+  EXPECT_TRUE(Save());
+  Values.HelpWindow = {};
+  Load();
+  EXPECT_EQ(Values.HelpWindow, help);
+  Values = before;
+  EXPECT_TRUE(Save());
+  EXPECT_EQ(Folder.Read("registry.reg"), withMine);  // a help window without a place leaves no value
 
   Values.Associations.erase(Values.Associations.begin());
   Values.History.clear();

@@ -35,7 +35,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   templates::LoadTemplateText(source, "x.def", fields, {}, messages, helpFile);
   const editor::ColourPass pass(fields);
   if (!laws::FaultOfRuns(text, pass.Whole(text)).empty()) std::abort();
-  if (pass.Whole(text, {}, 3) != pass.Whole(text, {}, 1)) std::abort();
+  constexpr std::size_t OneIn = 8;  // threads take longer than the rest
+  if (text.size() % OneIn == 0 && pass.Whole(text, {}, 3) != pass.Whole(text, {}, 1)) std::abort();
   if (text.size() > LongestText || fields.ColWords.Count() > MostWords) return 0;
   if (laws::FastWhole(fields, text) != laws::LiteralWhole(fields, text)) std::abort();
   // What is captured from folded text is not told where delimiters change by folding.

@@ -1,5 +1,6 @@
 #include "platform/qt/QtPrompts.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QColorDialog>
 #include <QFileDialog>
@@ -9,9 +10,12 @@
 #include <QTreeView>
 
 #include "platform/qt/FontChoice.h"
+#include "platform/qt/ToolIcon.h"
 
 namespace platform::qt {
 namespace {
+
+constexpr int IconSize = 40;  // pixels
 
 QMessageBox::StandardButtons ButtonsOf(PromptButtons buttons) {
   switch (buttons) {
@@ -26,18 +30,19 @@ QMessageBox::StandardButtons ButtonsOf(PromptButtons buttons) {
   }
 }
 
-QMessageBox::Icon IconOf(PromptIcon icon) {
+/// The drawing that a box bears; the style's own would be coarse on screens of many pixels.
+QIcon IconOf(PromptIcon icon) {
   switch (icon) {
     case PromptIcon::Critical:
-      return QMessageBox::Critical;
+      return ToolIcon("critical");
     case PromptIcon::Question:
-      return QMessageBox::Question;
+      return ToolIcon("question");
     case PromptIcon::Exclamation:
-      return QMessageBox::Warning;
+      return ToolIcon("exclamation");
     case PromptIcon::Information:
-      return QMessageBox::Information;
+      return ToolIcon("about");
     default:
-      return QMessageBox::NoIcon;
+      return {};
   }
 }
 
@@ -94,8 +99,9 @@ PromptAnswer QtPrompts::Show(const MessageBox& box) {
   dialog.setTextFormat(Qt::PlainText);  // file names may look like markup
   dialog.setText(QString::fromStdString(box.Text));
   dialog.setWindowTitle(QString::fromStdString(box.Title));
-  dialog.setIcon(IconOf(box.Icon));
+  dialog.setIconPixmap(IconOf(box.Icon).pixmap({IconSize, IconSize}, dialog.devicePixelRatio()));
   dialog.setStandardButtons(ButtonsOf(box.Buttons));
+  for (QAbstractButton* button : dialog.buttons()) button->setIcon({});
   dialog.setDefaultButton(ButtonOf(box.Default));
   const PromptAnswer closing = AnswerOfClosing(box.Buttons);
   dialog.setEscapeButton(ButtonOf(closing));

@@ -28,7 +28,7 @@ TEST(QtPrompts, ShowsTheBoxAsAskedAndGivesTheAnswer) {
     EXPECT_EQ(shown.text().toStdString(), box.Text);
     EXPECT_EQ(shown.textFormat(), Qt::PlainText);
     EXPECT_EQ(shown.windowTitle(), QStringLiteral("Title"));
-    EXPECT_EQ(shown.icon(), QMessageBox::Question);
+    EXPECT_FALSE(shown.iconPixmap().isNull());
     EXPECT_EQ(shown.defaultButton(), shown.button(QMessageBox::Cancel));
     EXPECT_EQ(shown.buttons().size(), 3);
     shown.button(QMessageBox::No)->click();

@@ -270,7 +270,7 @@ void MeasureStart(Screen& screen, char** command) {
 // Keys.
 
 struct Rows {
-  int Top = 0, Bottom = 0;
+  int Top = -1, Bottom = -1;
 };
 
 /// The rows in which the widest change lies, neighbouring rows taken together.
@@ -310,9 +310,17 @@ double TimeOfKey(Screen& screen, KeySym symbol, Rows rows) {
   return MillisecondsSince(start);
 }
 
+constexpr KeySym LetterKey = XK_x;
+
+/// Types some letters; gives the rows in which most has changed.
+Rows TypedRows(Screen& screen) {
+  constexpr int Letters = 20;
+  const Pixels before = Settled(screen, 400, 60'000);
+  for (int i = 0; i < Letters; ++i) screen.Key(LetterKey);
+  return WidestChange(screen, before, Settled(screen, 400, 60'000));
+}
+
 void MeasureKeys(Screen& screen, int count, bool atEnd, char** command) {
-  constexpr int FirstKeys = 30;
-  constexpr KeySym LetterKey = XK_x;
   const Pixels empty = screen.GrabAll();
   Start(command);
   const Clock::time_point start = Clock::now();
@@ -320,10 +328,9 @@ void MeasureKeys(Screen& screen, int count, bool atEnd, char** command) {
     if (MillisecondsSince(start) > 60'000) Fail("the program shows no window");
   Settled(screen, 1000, 120'000);
   if (atEnd) screen.Key(XK_End, true);
-  for (int i = 0; i < FirstKeys; ++i) screen.Key(LetterKey);
-  const Pixels before = Settled(screen, 400, 60'000);  // what comes once, such as a scroll bar, has come
-  for (int i = 0; i < FirstKeys; ++i) screen.Key(LetterKey);
-  const Rows rows = WidestChange(screen, before, Settled(screen, 400, 60'000));
+  // What comes once, such as a scroll bar that moves the text, may be wider: the same rows twice are the line.
+  Rows rows = TypedRows(screen);
+  for (Rows last; rows.Top != last.Top;) last = std::exchange(rows, TypedRows(screen));
   std::vector<double> samples;
   for (int i = 0; i < count; ++i) {
     samples.push_back(TimeOfKey(screen, LetterKey, rows));

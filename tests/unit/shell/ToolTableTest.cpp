@@ -68,7 +68,7 @@ TEST(ToolTable, EveryToolCanBeToldApart) {
 }
 
 TEST(ToolTable, EveryIconHasItsDrawingAndEveryDrawingItsTool) {
-  std::set<std::string> icons, drawings;
+  std::set<std::string> icons = {"critical", "exclamation", "question"}, drawings;  // of message boxes
   for (const ToolDesign& tool : DesignedBar().Tools)
     if (!tool.Icon.empty()) icons.insert(std::string(tool.Icon));
   for (const auto& file : std::filesystem::directory_iterator(QUILLMARK_SOURCE_DIR "/data/icons"))

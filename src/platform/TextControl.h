@@ -3,8 +3,10 @@
 // the desktop; the tests have a small one in memory; one contract suite runs on both.
 //
 // Text is valid UTF-8. Offsets and lengths are bytes, 0-based, and never split a character or a CR LF pair; an offset
-// outside the text is taken as its nearest end. Lines are 1-based and end with CR LF, LF or CR; a text always has a
-// last line, which may be empty. Scroll positions are lines (vertical) and pixels (horizontal).
+// outside the text is taken as its nearest end. A selection that was kept while the text changed may be put back
+// anywhere: an end that would split a character or a pair goes in front of it. Lines are 1-based and end with CR LF, LF
+// or CR; a text always has a last line, which may be empty. Scroll positions are lines (vertical) and pixels
+// (horizontal).
 
 #include <cstddef>
 #include <cstdint>

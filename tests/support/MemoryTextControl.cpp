@@ -89,7 +89,12 @@ void MemoryTextControl::TellSelection() {
 }
 
 void MemoryTextControl::Select(std::size_t anchor, std::size_t caret) {
-  const std::size_t from = std::min(anchor, m_text.size()), to = std::min(caret, m_text.size());
+  const auto whole = [this](std::size_t offset) {
+    std::size_t at = std::min(offset, m_text.size());
+    while (IsInside(m_text, at)) --at;
+    return at;
+  };
+  const std::size_t from = whole(anchor), to = whole(caret);
   m_selStart = std::min(from, to);
   m_selLength = std::max(from, to) - m_selStart;
   m_caretFirst = to < from;

@@ -151,6 +151,22 @@ TYPED_TEST_P(TextControlContract, TellsChangesAndSelectionsInThisOrder) {
   EXPECT_EQ(control.SelStart(), 0u);
 }
 
+// A view that is put back after an undo may point anywhere in the text that there is then.
+TYPED_TEST_P(TextControlContract, NoSelectionSplitsACharacter) {
+  platform::TextControl& control = this->m_control;
+  control.SetText("a\xC3\xA9\r\n\xF0\x9F\x98\x80z");
+  const std::size_t whole[] = {0, 1, 1, 3, 3, 5, 5, 5, 5, 9, 10, 10};
+  for (std::size_t offset = 0; offset < std::size(whole); ++offset) {
+    control.SetSelStart(offset);
+    EXPECT_EQ(control.SelStart(), whole[offset]) << offset;
+    control.SetSelStart(0);
+    control.SetSelLength(offset);
+    EXPECT_EQ(control.SelLength(), whole[offset]) << offset;
+    control.Select(offset, 0);
+    EXPECT_EQ(control.SelLength(), whole[offset]) << offset;
+  }
+}
+
 TYPED_TEST_P(TextControlContract, RtfOfItsOwnTextChangesColoursOnly) {
   platform::TextControl& control = this->m_control;
   std::string text = "if (x) {\r\n  y = \"\xC3\xA9\\\";\n}\r\t0\r\n";
@@ -211,8 +227,8 @@ TYPED_TEST_P(TextControlContract, LinesTravelAsRtfOfTheirOwn) {
 }
 
 REGISTER_TYPED_TEST_SUITE_P(TextControlContract, KeepsEveryByteAndFindsLines, TellsChangesAndSelectionsInThisOrder,
-                            RtfOfItsOwnTextChangesColoursOnly, RtfOfAnotherTextReplacesItInTheDocumentsLineEnds,
-                            LinesTravelAsRtfOfTheirOwn);
+                            NoSelectionSplitsACharacter, RtfOfItsOwnTextChangesColoursOnly,
+                            RtfOfAnotherTextReplacesItInTheDocumentsLineEnds, LinesTravelAsRtfOfTheirOwn);
 
 /// Plays the same random operations to both controls; the first difference fails the test and ends the play.
 class ControlComparison {

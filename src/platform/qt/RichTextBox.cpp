@@ -252,7 +252,15 @@ std::size_t RichTextBox::Caret() const {
 }
 
 void RichTextBox::Select(std::size_t anchor, std::size_t caret) {
-  Operate([&] { Send(SCI_SETSEL, Clamp(anchor), Clamp(caret)); });
+  Operate([&] { Send(SCI_SETSEL, WholeAt(anchor), WholeAt(caret)); });
+}
+
+/// The offset, or the start of the character or CR LF pair that it would split.
+std::size_t RichTextBox::WholeAt(std::size_t offset) const {
+  const auto byteAt = [this](std::size_t at) { return static_cast<unsigned char>(Send(SCI_GETCHARAT, at)); };
+  std::size_t at = Clamp(offset);
+  while (at > 0 && (byteAt(at) & 0xC0) == 0x80) --at;
+  return at > 0 && byteAt(at) == '\n' && byteAt(at - 1) == '\r' ? at - 1 : at;
 }
 
 // From here on Up and Down go for the column of this place.

@@ -310,6 +310,16 @@ double TimeOfKey(Screen& screen, KeySym symbol, Rows rows) {
   return MillisecondsSince(start);
 }
 
+/// Waits until the program has had nothing to do for a second.
+void WaitUntilIdle() {
+  constexpr double Quiet = 1000, Limit = 60'000;
+  const Clock::time_point start = Clock::now();
+  for (Idleness idleness; idleness.Milliseconds() < Quiet;) {
+    if (MillisecondsSince(start) > Limit) Fail("the program does not come to rest");
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+  }
+}
+
 constexpr KeySym LetterKey = XK_x;
 
 /// Types some letters; gives the rows in which most has changed.
@@ -328,6 +338,7 @@ void MeasureKeys(Screen& screen, int count, bool atEnd, char** command) {
     if (MillisecondsSince(start) > 60'000) Fail("the program shows no window");
   Settled(screen, 1000, 120'000);
   if (atEnd) screen.Key(XK_End, true);
+  WaitUntilIdle();  // a program may first colour all that lies between
   // What comes once, such as a scroll bar that moves the text, may be wider: the same rows twice are the line.
   Rows rows = TypedRows(screen);
   for (Rows last; rows.Top != last.Top;) last = std::exchange(rows, TypedRows(screen));

@@ -20,16 +20,6 @@ using platform::LastError, platform::SyncFolder;
 
 constexpr std::size_t UrgentBytes = 1 << 20;  // so much is not worth waiting for more
 
-bool WriteAll(int descriptor, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
-    if (written < 0 && errno == EINTR) continue;
-    if (written <= 0) return false;
-    bytes.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return true;
-}
-
 }  // namespace
 
 // The first part belongs to all threads, under the writer's mutex. The second is passed on with the jobs: the writing
@@ -204,7 +194,7 @@ std::string Open(JournalFile& file, const std::string& folder) {
 }
 
 std::string AppendTo(JournalFile& file, std::string_view bytes, const std::string& folder) {
-  if (WriteAll(file.Descriptor.Get(), bytes)) {
+  if (platform::WriteAt(file.Descriptor.Get(), bytes, static_cast<off_t>(file.GoodBytes))) {
     file.GoodBytes += bytes.size();
     return "";
   }

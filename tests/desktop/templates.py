@@ -21,6 +21,14 @@ RECIPE = "take flour # a pound\nflour\n"
 
 
 class Templates(desktop.Path):
+    def save(self, editor, keys, dialog, path, title):
+        """Saves under a new name, in the dialog that the keys open."""
+        self.desktop.keys(keys)
+        editor.dialog(dialog).fill("File name:", str(path))
+        self.desktop.keys("Return")
+        editor.wait_title(title)
+        desktop.wait(path.exists, "the template on the disk")
+
     def test_a_template_is_written_and_used(self):
         draft = self.file("draft.def", "")
         kept = self.home / ".local/share/quillmark/Recipes.def"
@@ -31,11 +39,7 @@ class Templates(desktop.Path):
             self.desktop.type(TEMPLATE)
             editor.wait_text(TEMPLATE.replace("\n", "\r\n"))  # the line ends of a new text without a template
         with self.step("save it among the templates"):
-            self.desktop.keys("ctrl+shift+s")
-            editor.dialog("Save Script").fill("File name:", str(kept))
-            self.desktop.keys("Return")
-            editor.wait_title("Recipes.def")
-            desktop.wait(kept.exists, "the template on the disk")
+            self.save(editor, "ctrl+shift+s", "Save Script", kept, "Recipes.def")
             self.desktop.keys("ctrl+q")
             editor.wait_end()
         with self.step("its files are coloured by it"):
@@ -95,11 +99,7 @@ class Templates(desktop.Path):
             desktop.wait(lambda: text.has("FOCUSED"), "the keyboard in the initial text")
             self.desktop.type("never again\n")
         with self.step("save"):
-            self.desktop.keys("ctrl+s")
-            editor.dialog("Save Template").fill("File name:", str(kept))
-            self.desktop.keys("Return")
-            editor.wait_title("Rules.def (Template)")
-            desktop.wait(kept.exists, "the template on the disk")
+            self.save(editor, "ctrl+s", "Save Template", kept, "Rules.def (Template)")
         with self.step("use it at once"):
             editor.choose("File", "New", "Rules")
             editor.wait_title("Untitled")

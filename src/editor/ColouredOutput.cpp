@@ -77,9 +77,12 @@ class Writer {
 
 class RtfFormat {
  public:
-  RtfFormat(std::string& out, std::string_view text) : m_out(out), m_text(text) {}
+  RtfFormat(std::string& out, const ColouredText& coloured) : m_out(out), m_text(coloured.Text) {
+    for (std::size_t colour = 0; colour <= coloured.Colours.size(); ++colour)
+      m_switches.push_back("\\cf" + std::to_string(colour) + ' ');
+  }
 
-  void Open(const PassRun& run) { m_out += "\\cf" + std::to_string(run.Colour) + ' '; }
+  void Open(const PassRun& run) { m_out += m_switches[static_cast<std::size_t>(run.Colour)]; }
 
   /// Returns the bytes of the text that it has written itself.
   std::size_t Close(const PassRun& run) {
@@ -100,7 +103,8 @@ class RtfFormat {
  private:
   std::string& m_out;
   std::string_view m_text;
-  bool m_endsLastParagraph = false;  ///< the last run has written it
+  std::vector<std::string> m_switches;  ///< by the number of the colour
+  bool m_endsLastParagraph = false;     ///< the last run has written it
 };
 
 /// "#RRGGBB".
@@ -209,7 +213,7 @@ void WriteColouredRtf(const ColouredText& coloured, std::string_view fontName, c
   Output output(sink);
   output.Buffer() += rich_text::RtfHeader(fontName) + BuildColourTable(coloured.Colours);
   output.Buffer() += rich_text::RtfBodyPrefix;
-  RtfFormat format(output.Buffer(), coloured.Text);
+  RtfFormat format(output.Buffer(), coloured);
   Writer(coloured, output, format).Write();
   format.End();
   output.Flush(true);

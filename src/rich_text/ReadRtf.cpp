@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <optional>
 #include <unordered_set>
 #include <utility>
@@ -56,11 +57,17 @@ char32_t CharacterOfWord(std::string_view word) {
 }
 
 /// How the writer of controls switches a colour off, or begins to switch to another one, behind the backslash.
-constexpr std::string_view PlainSwitch = "plain\\f0\\fs20";
+constexpr char PlainSwitch[] = "plain\\f0\\fs20";
+
+// For one run in so many bytes of RTF there is room from the start.
+constexpr std::size_t BytesARun = 80;
 
 class Reader {
  public:
-  explicit Reader(std::string_view rtf) : m_rtf(rtf) { m_out.Text.reserve(rtf.size()); }
+  explicit Reader(std::string_view rtf) : m_rtf(rtf) {
+    m_out.Text.reserve(rtf.size());
+    m_out.Runs.reserve(rtf.size() / BytesARun);
+  }
 
   StyledText Read() {
     while (m_at < m_rtf.size()) Step();
@@ -105,16 +112,22 @@ class Reader {
         break;
       case '\r':
         // The writers' own line end, by far the most frequent.
-        if (m_rtf.compare(m_at, 6, "\n\\par ") == 0) {
-          m_at += 6;
-          LineBreak(true);
-        }
+        if (Take("\n\\par ")) LineBreak(true);
         break;
       case '\n':
         break;
       default:
         Character(FromWindows1252(static_cast<unsigned char>(c)));
     }
+  }
+
+  /// Passes over the word, if it stands here. As its length is known, that is a comparison of one or two numbers.
+  template <std::size_t N>
+  bool Take(const char (&word)[N]) {
+    constexpr std::size_t Length = N - 1;
+    if (m_rtf.size() - m_at < Length || std::memcmp(m_rtf.data() + m_at, word, Length) != 0) return false;
+    m_at += Length;
+    return true;
   }
 
   void PlainStretch() {
@@ -164,10 +177,13 @@ class Reader {
 
   /// Reads the writer's own switch in one step, if it stands here.
   bool TakePlainSwitch() {
-    if (m_rtf.compare(m_at, PlainSwitch.size(), PlainSwitch) != 0) return false;
-    const std::size_t end = m_at + PlainSwitch.size();
-    if (end >= m_rtf.size() || (m_rtf[end] != ' ' && m_rtf[end] != '\\')) return false;
-    m_at = m_rtf[end] == ' ' ? end + 1 : end;
+    const std::size_t start = m_at;
+    if (!Take(PlainSwitch)) return false;
+    if (m_at >= m_rtf.size() || (m_rtf[m_at] != ' ' && m_rtf[m_at] != '\\')) {
+      m_at = start;
+      return false;
+    }
+    if (m_rtf[m_at] == ' ') ++m_at;
     m_group.Colour = 0;
     return true;
   }

@@ -17,6 +17,10 @@ namespace rich_text {
 /// be plain ASCII without braces, backslash and semicolon. `endLastParagraph` is false for a piece of a line.
 std::string WriteRtf(const StyledText& styled, std::string_view fontName, bool endLastParagraph = true);
 
+/// The same for a whole text whose parts lie in different places; what they are is told at StyledText.
+std::string WriteRtf(std::string_view text, const std::vector<ColourValue>& colours, const std::vector<ColourRun>& runs,
+                     std::string_view fontName, bool endLastParagraph = true);
+
 /// The text and its colours. Lines end with LF. A colour number without an entry in the table is no colour.
 StyledText ReadRtf(std::string_view rtf);
 

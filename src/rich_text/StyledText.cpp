@@ -38,6 +38,7 @@ std::size_t FindLineEnd(std::string_view text, std::size_t from) {
 }
 
 bool EqualButForLineEnds(std::string_view a, std::string_view b) {
+  if (a == b) return true;
   std::size_t i = 0, j = 0;
   while (true) {
     const std::size_t endA = FindLineEnd(a, i);

@@ -52,12 +52,13 @@ void AppendEscaped(std::string& rtf, char32_t value) {
 /// The document's colour table: only colours in use, numbered from 1 in the order of their first use.
 class UsedColours {
  public:
-  explicit UsedColours(const StyledText& styled) : m_numbers(styled.Colours.size(), 0) {
+  UsedColours(const std::vector<ColourValue>& colours, const std::vector<ColourRun>& runs)
+      : m_numbers(colours.size(), 0) {
     std::unordered_map<ColourValue, std::uint32_t> known;
-    for (const ColourRun& run : styled.Runs) {
+    for (const ColourRun& run : runs) {
       std::uint32_t& number = m_numbers[run.Colour - 1];
       if (number != 0) continue;
-      const ColourValue value = styled.Colours[run.Colour - 1];
+      const ColourValue value = colours[run.Colour - 1];
       const auto [place, isNew] = known.emplace(value, static_cast<std::uint32_t>(known.size() + 1));
       if (isNew) {
         AppendColourEntry(m_entries, value);
@@ -78,15 +79,14 @@ class UsedColours {
   std::vector<std::string> m_switches = {std::string(PlainSwitch) + ' '};
 };
 
-void AppendBody(std::string& rtf, const StyledText& styled, const UsedColours& used) {
-  const std::string_view text = styled.Text;
+void AppendBody(std::string& rtf, std::string_view text, const std::vector<ColourRun>& runs, const UsedColours& used) {
   std::size_t done = 0;
   std::uint32_t current = 0;
   const auto switchTo = [&](std::uint32_t number) {
     if (number != current) rtf += used.SwitchTo(number);
     current = number;
   };
-  for (const ColourRun& run : styled.Runs) {
+  for (const ColourRun& run : runs) {
     if (run.Start > done) {
       switchTo(0);
       AppendRtfText(rtf, text.substr(done, run.Start - done));
@@ -133,13 +133,18 @@ std::string RtfHeader(std::string_view fontName) {
 }
 
 std::string WriteRtf(const StyledText& styled, std::string_view fontName, bool endLastParagraph) {
-  const UsedColours used(styled);
+  return WriteRtf(styled.Text, styled.Colours, styled.Runs, fontName, endLastParagraph);
+}
+
+std::string WriteRtf(std::string_view text, const std::vector<ColourValue>& colours, const std::vector<ColourRun>& runs,
+                     std::string_view fontName, bool endLastParagraph) {
+  const UsedColours used(colours, runs);
   std::string rtf = RtfHeader(fontName);
-  rtf.reserve(rtf.size() + styled.Text.size() + styled.Text.size() / 4 + styled.Runs.size() * 40 + 64);
+  rtf.reserve(rtf.size() + text.size() + text.size() / 4 + runs.size() * 40 + 64);
   rtf += used.Entries();
   rtf += "}\r\n";
   rtf += RtfBodyPrefix;
-  AppendBody(rtf, styled, used);
+  AppendBody(rtf, text, runs, used);
   if (endLastParagraph) rtf += LineEnd;
   rtf += '}';
   return rtf;

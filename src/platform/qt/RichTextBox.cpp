@@ -175,6 +175,15 @@ void RichTextBox::AppendRange(std::string& text, std::size_t start, std::size_t 
   append(gap, end);
 }
 
+/// The whole text: where it lies, if it lies in one piece, as it does until it is edited; otherwise a copy in `copy`.
+std::string_view RichTextBox::WholeText(std::string& copy) const {
+  const std::size_t length = Length(), gap = static_cast<std::size_t>(Send(SCI_GETGAPPOSITION));
+  if (length == 0) return {};
+  if (gap > 0 && gap < length) return copy = Text();
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): the component hands its pointers over as numbers
+  return {reinterpret_cast<const char*>(Send(SCI_GETRANGEPOINTER, 0, length)), length};
+}
+
 void RichTextBox::SetText(std::string_view text) {
   Operate([&] {
     const std::string_view lineEnd = FirstLineEnd(text);
@@ -199,7 +208,8 @@ void RichTextBox::Replace(std::size_t start, std::size_t end, std::string_view t
 }
 
 void RichTextBox::ReplaceDifference(std::string_view text) {
-  const std::string old = Text();
+  std::string copy;
+  const std::string_view old = WholeText(copy);
   const std::size_t start = CommonStart(old, text);
   const std::size_t tail = CommonEnd(old, text, start);
   Operate([&] {
@@ -222,14 +232,18 @@ std::string RichTextBox::InDocumentLineEnds(std::string_view text) const {
 }
 
 std::string RichTextBox::TextRTF() const {
-  return rich_text::WriteRtf(Styled(0, Length()), m_rtfFont);
+  std::string copy;
+  std::vector<rich_text::ColourRun> runs;
+  if (m_coloured && !m_knowsPainted) AppendRuns(runs, 0, Length());
+  return rich_text::WriteRtf(WholeText(copy), m_styles.Colours(), m_knowsPainted ? m_painted : runs, m_rtfFont);
 }
 
 void RichTextBox::SetTextRTF(std::string_view rtf) {
   rich_text::StyledText styled = rich_text::ReadRtf(rtf);
-  std::string text = Text();
+  std::string converted;
+  std::string_view text = WholeText(converted);
   const bool replaces = !rich_text::EqualButForLineEnds(text, styled.Text);
-  if (replaces) text = InDocumentLineEnds(styled.Text);
+  if (replaces) text = converted = InDocumentLineEnds(styled.Text);
   TranslateRuns(styled.Runs, styled.Text, text);
   Operate([&] {
     if (replaces) ReplaceDifference(text);

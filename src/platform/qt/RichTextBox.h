@@ -133,6 +133,7 @@ class RichTextBox final : public QsciScintillaBase, public TextControl {
   std::size_t Clamp(std::size_t offset) const;
   std::size_t WholeAt(std::size_t offset) const;
   void AppendRange(std::string& text, std::size_t start, std::size_t end) const;
+  std::string_view WholeText(std::string& copy) const;
   /// Puts text in place of [start, end); the selection moves with the text around it.
   void Replace(std::size_t start, std::size_t end, std::string_view text);
   /// Makes the text equal to `text` by replacing what differs between the first and the last difference.

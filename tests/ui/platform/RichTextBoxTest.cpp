@@ -7,6 +7,7 @@
 #include <QElapsedTimer>
 #include <QImage>
 #include <QKeyEvent>
+#include <QScrollBar>
 
 #include "tests/support/MemoryTextControl.h"
 #include "tests/support/TextControlContract.h"
@@ -39,8 +40,10 @@ TEST(RichTextBox, IsTheControlInMemoryUnderRandomOperations) {
   }
 }
 
-TEST(RichTextBox, ColoursOfALongTextAreThoseGiven) {
+TEST(RichTextBox, ColoursOfALongTextAreThoseGivenAndTheViewStands) {
   RichTextBox box;
+  box.resize(300, 200);
+  box.show();
   rich_text::StyledText styled{{}, {0xFF, 0xFF00}, {}};
   while (styled.Text.size() < 2'500'000) styled.Text += "a line of some length\r\n";
   // Short runs at first, then one over several of the pieces that the control hands on.
@@ -49,7 +52,13 @@ TEST(RichTextBox, ColoursOfALongTextAreThoseGiven) {
   styled.Runs.push_back({1'200'000 / 23 * 23 + 23, 2'400'000 / 23 * 23, 1});
   box.SetText(styled.Text);
   const std::string expected = rich_text::WriteRtf(styled, "Courier New");
+  box.SetVerticalScroll(500);
+  int scrolled = 0;
+  QObject::connect(box.verticalScrollBar(), &QScrollBar::valueChanged, [&] { ++scrolled; });
   box.SetColours(styled.Colours, styled.Runs);
+  EXPECT_EQ(box.VerticalScroll(), 500U);
+  EXPECT_EQ(box.verticalScrollBar()->value(), 500);
+  EXPECT_EQ(scrolled, 0);
   EXPECT_TRUE(box.TextRTF() == expected);
   box.SetColours({}, {});
   box.SetTextRTF(expected);

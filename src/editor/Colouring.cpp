@@ -11,7 +11,8 @@ namespace editor {
 namespace {
 
 constexpr std::int64_t YieldEveryMilliseconds = 30;
-constexpr std::size_t LongPiece = 300;  // bytes of RTF; longer pieces show their progress
+constexpr std::size_t LongText = 16'000'000;  // bytes; takes longer than that for certain
+constexpr std::size_t LongPiece = 300;        // bytes of RTF; longer pieces show their progress
 constexpr std::string_view FirstPercent = "0";
 
 /// The whole percents done, without digits while they round to 0.
@@ -50,6 +51,7 @@ bool Colouring::Yield(std::size_t done, std::size_t length) {
 
 ColourPass::Progress Colouring::ProgressOver(std::size_t length) {
   m_lastYield = m_tools.Loop.Milliseconds();
+  if (length >= LongText) m_lastYield -= YieldEveryMilliseconds;  // it is shown before its colours are looked for
   return [this, length](std::size_t done) { return Yield(done, length); };
 }
 

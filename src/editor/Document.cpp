@@ -41,8 +41,8 @@ Document::~Document() {
 // The file.
 
 void Document::OpenFile(const std::string& path) {
-  std::optional<std::string> read = m_file.Open(path);
-  std::string text = read ? *std::move(read) : "";
+  std::optional<std::string> read = m_file.Open(path, [this](std::size_t bytes) { m_control.Reserve(bytes); });
+  std::string text = read ? std::move(*read) : "";
   SetTextUnrecorded(text);
   if (read) {
     m_state.CurFileName = path;

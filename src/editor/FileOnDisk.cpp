@@ -1,5 +1,7 @@
 #include "editor/FileOnDisk.h"
 
+#include <future>
+
 #include "platform/SafeSave.h"
 
 namespace editor {
@@ -9,21 +11,46 @@ using platform::FileDifference;
 using platform::PromptAnswer;
 
 constexpr int MostWrites = 8;
+constexpr std::size_t LargeFile = 4'000'000;  // bytes; a smaller one is read while a thread would start
 
 std::string Quoted(const std::string& path) {
   return '"' + path + '"';
 }
 
+/// What was read of a file.
+struct Contents {
+  bool Ok = false;
+  platform::FileIdentity Identity;
+  rich_text::DecodedText Decoded;
+};
+
+Contents Read(const std::string& path) {
+  Contents contents;
+  platform::FileContent file = platform::ReadIdentified(path, contents.Identity);
+  contents.Ok = file.Ok();
+  contents.Decoded = rich_text::DecodeText(std::move(file.Bytes));
+  return contents;
+}
+
+// Most of the time for a large file goes into memory that is touched for the first time, here for its bytes and in the
+// control for the text and its colours: two processors do that side by side.
+Contents Read(const std::string& path, const FileOnDisk::MakeRoom& makeRoom) {
+  const std::size_t size = makeRoom ? platform::FileSize(path) : 0;
+  if (size < LargeFile) return Read(path);
+  constexpr auto AnotherThreadIfThereIsOne = std::launch::async | std::launch::deferred;
+  std::future<Contents> contents = std::async(AnotherThreadIfThereIsOne, [&path] { return Read(path); });
+  makeRoom(size);
+  return contents.get();
+}
+
 }  // namespace
 
-std::optional<std::string> FileOnDisk::Open(const std::string& path) {
-  platform::FileIdentity identity;
-  platform::FileContent content = platform::ReadIdentified(path, identity);
-  if (!content.Ok()) {
+std::optional<std::string> FileOnDisk::Open(const std::string& path, const MakeRoom& makeRoom) {
+  auto [isRead, identity, decoded] = Read(path, makeRoom);
+  if (!isRead) {
     Tell("Could not read " + path);
     return std::nullopt;
   }
-  rich_text::DecodedText decoded = rich_text::DecodeText(std::move(content.Bytes));
   m_encoding = decoded.Encoding;
   m_hasMark = decoded.HasMark;
   m_path = path;

@@ -5,6 +5,7 @@
 //
 // Paths and texts are UTF-8. The prompts outlive this. Failures are told to the user and returned.
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -18,8 +19,11 @@ class FileOnDisk {
  public:
   explicit FileOnDisk(platform::Prompts& prompts) : m_prompts(prompts) {}
 
+  /// Called with the size in bytes of a large file, while it is being read.
+  using MakeRoom = std::function<void(std::size_t)>;
+
   /// Reads the file; nothing when it cannot be read, which the user is told.
-  std::optional<std::string> Open(const std::string& path);
+  std::optional<std::string> Open(const std::string& path, const MakeRoom& makeRoom = {});
 
   /// Takes over what another run of the program knew of the file that a restored text belongs to.
   void Adopt(const std::string& path, const platform::FileIdentity& known, rich_text::TextEncoding encoding,

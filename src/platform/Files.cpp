@@ -73,6 +73,13 @@ std::string WriteFile(const std::string& path, std::string_view bytes) {
   return SafeSave(path, bytes).Error;
 }
 
+std::size_t FileSize(const std::string& path) {
+  struct stat status {};
+  const bool isRead =
+      ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) && ::access(path.c_str(), R_OK) == 0;
+  return isRead ? static_cast<std::size_t>(status.st_size) : 0;
+}
+
 bool FileExists(const std::string& path) {
   struct stat status {};
   return ::stat(path.c_str(), &status) == 0 && !S_ISDIR(status.st_mode);

@@ -1,6 +1,7 @@
 #pragma once
 // Whole files, read and written. Paths are UTF-8. Failures are told as a sentence for the user, never thrown.
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -24,6 +25,9 @@ FileContent ReadDescriptor(int descriptor);
 /// Replaces the file so that a failure, a kill or a power cut leaves the old or the new content (see SafeSave, which
 /// says what is kept). Returns "" or the reason, in which case the old file is whole.
 std::string WriteFile(const std::string& path, std::string_view bytes);
+
+/// The size in bytes of a file that is there to be read; 0 for any other, for a folder and for what has no size.
+std::size_t FileSize(const std::string& path);
 
 bool FileExists(const std::string& path);    ///< a file that is no folder
 bool FolderExists(const std::string& path);  ///< a folder

@@ -71,6 +71,8 @@ class TextControl {
   virtual std::string Text() const = 0;
   /// Replaces the text; all of it is without colour afterwards and the caret is at its start.
   virtual void SetText(std::string_view text) = 0;
+  /// Makes room for a text of so many bytes, so that setting it takes less time. Nothing that can be seen changes.
+  virtual void Reserve(std::size_t bytes) = 0;
   /// The bytes [start, end).
   virtual std::string TextRange(std::size_t start, std::size_t end) const = 0;
   /// The whole text and its colours as RTF.

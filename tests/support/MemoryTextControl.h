@@ -30,6 +30,7 @@ class MemoryTextControl : public platform::TextControl {
   std::size_t Length() const override { return m_text.size(); }
   std::string Text() const override { return m_text; }
   void SetText(std::string_view text) override;
+  void Reserve(std::size_t bytes) override { m_reserved = bytes; }
   std::string TextRange(std::size_t start, std::size_t end) const override;
   std::string TextRTF() const override;
   void SetTextRTF(std::string_view rtf) override;
@@ -82,6 +83,7 @@ class MemoryTextControl : public platform::TextControl {
   bool WordWrap() const { return m_wordWrap; }
   const platform::FontRecord& Font() const { return m_font; }
   int FocusCalls() const { return m_focusCalls; }
+  std::size_t Reserved() const { return m_reserved; }
 
  private:
   std::vector<std::size_t> Starts() const;
@@ -106,6 +108,7 @@ class MemoryTextControl : public platform::TextControl {
   bool m_enabled = true, m_redraw = true, m_wordWrap = false;
   platform::FontRecord m_font;
   int m_focusCalls = 0;
+  std::size_t m_reserved = 0;
 };
 
 }  // namespace tests

@@ -191,7 +191,7 @@ void RichTextBox::SetText(std::string_view text) {
     Send(SCI_SETEOLMODE, m_lineEnd == "\r\n" ? SC_EOL_CRLF : m_lineEnd == "\n" ? SC_EOL_LF : SC_EOL_CR);
     if (Length() > 0) Send(SCI_CLEARALL);
     if (!text.empty()) {
-      Send(SCI_ALLOCATE, text.size() + text.size() / 64 + SpareBytes);
+      Reserve(text.size());
       SendScintilla(SCI_APPENDTEXT, text.size(), text.data());
     }
     m_coloured = m_knowsPainted = false;
@@ -200,6 +200,10 @@ void RichTextBox::SetText(std::string_view text) {
     Send(SCI_GOTOPOS, 0);
     Send(SCI_SETXOFFSET, 0);
   });
+}
+
+void RichTextBox::Reserve(std::size_t bytes) {
+  Send(SCI_ALLOCATE, bytes + bytes / 64 + SpareBytes);
 }
 
 void RichTextBox::Replace(std::size_t start, std::size_t end, std::string_view text) {

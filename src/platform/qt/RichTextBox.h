@@ -30,6 +30,7 @@ class RichTextBox final : public QsciScintillaBase, public TextControl {
   std::size_t Length() const override;
   std::string Text() const override;
   void SetText(std::string_view text) override;
+  void Reserve(std::size_t bytes) override;
   std::string TextRange(std::size_t start, std::size_t end) const override;
   std::string TextRTF() const override;
   void SetTextRTF(std::string_view rtf) override;

@@ -27,17 +27,22 @@ class ViewAtEnd {
  public:
   explicit ViewAtEnd(const QsciScintillaBase& view)
       : m_view(view), m_silence(view.verticalScrollBar()), m_line(view.SendScintilla(view.SCI_GETFIRSTVISIBLELINE)) {
+    if (m_updates) view.viewport()->setUpdatesEnabled(false);  // the toolkit notes each request to draw
     Show(view.SendScintilla(view.SCI_GETLINECOUNT));
   }
   ViewAtEnd(const ViewAtEnd&) = delete;
   ViewAtEnd& operator=(const ViewAtEnd&) = delete;
-  ~ViewAtEnd() { Show(m_line); }
+  ~ViewAtEnd() {
+    Show(m_line);
+    if (m_updates) m_view.viewport()->setUpdatesEnabled(true);
+  }
 
  private:
   void Show(long line) const { m_view.SendScintilla(m_view.SCI_SETFIRSTVISIBLELINE, line); }
 
   const QsciScintillaBase& m_view;
   const QSignalBlocker m_silence;
+  const bool m_updates = m_view.viewport()->updatesEnabled();
   const long m_line;
 };
 

@@ -59,6 +59,7 @@ TEST(RichTextBox, ColoursOfALongTextAreThoseGivenAndTheViewStands) {
   EXPECT_EQ(box.VerticalScroll(), 500U);
   EXPECT_EQ(box.verticalScrollBar()->value(), 500);
   EXPECT_EQ(scrolled, 0);
+  EXPECT_TRUE(box.viewport()->updatesEnabled());
   EXPECT_TRUE(box.TextRTF() == expected);
   box.SetColours({}, {});
   box.SetTextRTF(expected);

@@ -79,6 +79,15 @@ std::string Megabyte() {
   return text;
 }
 
+TEST_F(ColouringTest, AVeryLongTextIsShownBeforeItIsColoured) {
+  std::string text = Megabyte();
+  for (int i = 0; i < 4; ++i) text += text;
+  m_control.SetText(text);
+  m_loop.OnEvents = [&] { m_state.Colouring = false; };
+  m_colouring.ColourScan();
+  EXPECT_EQ(m_loop.Yields, std::vector<std::int64_t>{0});
+}
+
 TEST_F(ColouringTest, ALongRunYieldsByTimeAndTellsHowFarItIs) {
   m_control.SetText(Megabyte());
   m_loop.MillisecondsALook = 10;  // a look at the start, one every 64 KB, and one behind each yield

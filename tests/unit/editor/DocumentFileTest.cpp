@@ -35,6 +35,19 @@ TEST_F(DocumentFileTest, OpeningShowsTheFile) {
                 {"CoOrds", "(Line 1, Col 1)"}, {"DocSize", "3 Lines"}, {"Template", "Using '<none>' Template"}}));
 }
 
+TEST_F(DocumentFileTest, ALargeFileIsReadWhileTheControlMakesRoom) {
+  Open("small");
+  EXPECT_EQ(m_control.Reserved(), 0u);
+  std::string large = "\xEF\xBB\xBF";  // the mark is no text
+  while (large.size() < 5'000'000) large += "a line\n";
+  const std::string path = Open(large);
+  EXPECT_EQ(m_control.Reserved(), large.size());
+  EXPECT_TRUE(m_control.Text() == large.substr(3));
+  Append("x");
+  EXPECT_TRUE(m_document.SaveFile(path)) << "the file is known as it was read";
+  EXPECT_TRUE(m_folder.Read("file.txt") == large + "x");
+}
+
 TEST_F(DocumentFileTest, AFileThatCannotBeReadGivesAnEmptyDocument) {
   Open("before");
   const std::string missing = m_folder.Path("missing.txt");

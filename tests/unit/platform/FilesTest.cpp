@@ -49,6 +49,7 @@ TEST_F(FilesTest, ReadsEveryByteOrTellsWhyNot) {
     EXPECT_EQ(content.Bytes, "");
     EXPECT_EQ(FileExists(c.Path), c.IsFile) << c.Path;
     EXPECT_EQ(FolderExists(c.Path), c.IsFolder) << c.Path;
+    EXPECT_EQ(platform::FileSize(c.Path), 0u) << c.Path;
   }
 }
 

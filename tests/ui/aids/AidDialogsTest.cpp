@@ -69,9 +69,9 @@ TEST_F(AidDialogs, SynonymsAreAddedEditedAndTaken) {
   });
   EXPECT_EQ(Template().Synonyms.Item("sheet")->Synonym, "document");
   Text().SetSelStart(Text().Length());
-  Type(QStringLiteral("."));
+  Play(".");
   EXPECT_TRUE(List().isVisible()) << "the synonym opens the list of its word";
-  Type(QStringLiteral("<Esc>"));
+  Play("<Esc>");
 
   TriggerModal("miEditSynonyms", "frmSynonyms", [](QDialog& dialog) {
     auto& rows = Child<QTreeWidget>(dialog, "lstAss");

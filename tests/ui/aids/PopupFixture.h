@@ -1,9 +1,7 @@
 #pragma once
 // A frame with one document whose completion list and tooltip the tests play with real key events.
 
-#include <QEvent>
 #include <QListView>
-#include <QString>
 
 #include "aids/ui/ContextList.h"
 #include "aids/ui/frmToolTip.h"
@@ -14,24 +12,34 @@ namespace tests {
 class PopupFixture : public FrameFixture {
  protected:
   /// Opens a file with this text and puts the caret at its end.
-  void Open(const std::string& name, const std::string& text);
+  void Open(const std::string& name, const std::string& text) {
+    FrameFixture::Open(name, text);
+    Text().SetSelStart(Text().Length());
+    QApplication::processEvents();
+  }
 
-  /// Types: every character is a key that goes down and up, and these names in angle brackets are keys: Tab, Enter,
-  /// Esc, Up, Down, Left, PageUp, PageDown, BS.
-  void Type(const QString& keys);
-  /// A key as Type takes it goes down, or up.
-  void Press(const QString& key, bool repeated = false) { Send(QEvent::KeyPress, key, repeated); }
-  void Release(const QString& key) { Send(QEvent::KeyRelease, key, false); }
+  /// The key of a character goes down, or up, alone; Play presses whole keys.
+  static void Press(QChar key) { Send(true, key.toUpper().unicode(), key); }
+  static void Release(QChar key) { Send(false, key.toUpper().unicode(), key); }
+  /// The same for a key without a character.
+  static void Send(bool down, int key, const QString& text = {}, bool repeated = false) {
+    QTest::simulateEvent(QApplication::focusWidget(), down, key, Qt::NoModifier, text, repeated);
+  }
 
   platform::qt::RichTextBox& Text() { return m_frame.ActiveDocument()->TextArea(); }
   aids::ui::ContextList& List() { return *m_frame.findChild<aids::ui::ContextList*>(); }
   aids::ui::frmToolTip& Tip() { return *m_frame.findChild<aids::ui::frmToolTip*>(); }
-  QListView& CList() { return *List().findChild<QListView*>(QStringLiteral("CList")); }
+  QListView& CList() { return Child<QListView>(List(), "CList"); }
   /// The text of the selected row; "" for none.
-  std::string Selected();
-
- private:
-  void Send(QEvent::Type type, const QString& key, bool repeated);
+  std::string Selected() {
+    const QModelIndexList rows = CList().selectionModel()->selectedIndexes();
+    return rows.isEmpty() ? std::string() : rows.first().data().toString().toStdString();
+  }
+  /// Where a character stands on the screen.
+  QRect OnScreen(std::size_t offset) {
+    const QRect place = Text().RectangleAt(offset);
+    return {Text().viewport()->mapToGlobal(place.topLeft()), place.size()};
+  }
 };
 
 }  // namespace tests

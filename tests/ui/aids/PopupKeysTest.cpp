@@ -24,36 +24,38 @@ TEST_F(PopupKeys, CodeIsCompletedAsItIsTyped) {
   const Case cases[] = {
       {"document.", "document.", true, ""},
       {"document.cre", "document.cre", true, "createAttribute"},
-      {"document.cre<BS><BS>", "document.c", true, "characterSet"},
+      {"document.cre<Backspace><Backspace>", "document.c", true, "characterSet"},
       {"document.cre<Tab>", "document.createAttribute", false, ""},
-      {"document.createEle<Enter>", "document.createElement\r\n", false, ""},
-      {"  document.createEle<Enter>x", "  document.createElement\r\n  x", false, ""},
+      {"document.createEle<Return>", "document.createElement\r\n", false, ""},
+      {"  document.createEle<Return>x", "  document.createElement\r\n  x", false, ""},
       {"document.createEle('a');", "document.createElement('a');", false, ""},
       {"document.title.x", "document.title.x", false, ""},
       {"document.bo window.al", "document.body window.al", true, "alert"},
       {"document.Cre", "document.Cre", true, ""},
       {"document.zz<Tab>", "document.zz", false, ""},
       {"document.zz(1)", "document.zz(1)", false, ""},
-      {"document.<Enter>x", "document.\r\nx", false, ""},
+      {"document.<Return>x", "document.\r\nx", false, ""},
       {"document.cre<Esc><Tab>x", "document.cre    x", false, ""},
       {"document.<Up>", "document.", true, "activeElement"},
       {"document.<Down><Down><Tab>", "document.addEventListener", false, ""},
       {"document.<Down><Down><Up>", "document.", true, "activeElement"},
       {"document.cre<Down>(", "document.createComment(", false, ""},
-      {"document.<PageDown><PageUp>", "document.", true, "activeElement"},
+      {"document.<PgDown><PgUp>", "document.", true, "activeElement"},
       {"document.wri<Down><Down><Tab>", "document.writeln", false, ""},  // past the last row the key is the caret's
-      {"document.x<BS><BS>", "document", false, ""},
+      {"document.x<Backspace><Backspace>", "document", false, ""},
+      {"document.<Left>", "document.", false, ""},
+      {"document.<Shift+Esc>", "document.", true, ""},
       {"xdocument.cre<Tab>", "xdocument.cre    ", false, ""},
       {"setTimeout(document.bo,1)", "setTimeout(document.body,1)", false, ""},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.Keys);
     Text().SetText("");
-    Type(QString::fromLatin1(c.Keys));
+    Play(c.Keys);
     EXPECT_EQ(Text().Text(), c.Text);
     EXPECT_EQ(List().isVisible(), c.ListShown);
     EXPECT_EQ(Selected(), c.Selected);
-    Type(QStringLiteral("<Esc>"));
+    Play("<Esc>");
     EXPECT_FALSE(List().isVisible());
   }
 }
@@ -61,7 +63,7 @@ TEST_F(PopupKeys, CodeIsCompletedAsItIsTyped) {
 TEST_F(PopupKeys, TheTailOfTheWordUnderTheCaretGoesToo) {
   Text().SetText("documentprxyz(1)");
   Text().SetSelStart(8);
-  Type(QStringLiteral(".<Down><Down><Tab>"));
+  Play(".<Down><Down><Tab>");
   EXPECT_EQ(Text().Text(), "document.addEventListener(1)");
   EXPECT_EQ(Text().SelStart(), 25u);
   EXPECT_FALSE(m_frame.ActiveDocument()->Saved());
@@ -73,35 +75,73 @@ TEST_F(PopupKeys, TheTipComesWithItsCallAndGoesWithIt) {
     bool Shown;
   };
   const Case cases[] = {
-      {"setTimeout(", true},     {"x = setTimeout(", true},      {"setTimeout", false},
-      {"setTimeout(f", true},    {"setTimeout()", false},        {"setTimeout(<Esc>", false},
-      {"setTimeout(<BS>", true}, {"setTimeout(<BS><BS>", false}, {"setTimeout(a<Enter>", false},
+      {"setTimeout(", true},
+      {"x = setTimeout(", true},
+      {"setTimeout", false},
+      {"setTimeout(f", true},
+      {"setTimeout()", false},
+      {"setTimeout(<Esc>", false},
+      {"setTimeout(<Backspace>", true},
+      {"setTimeout(<Backspace><Backspace>", false},
+      {"setTimeout(a<Return>", false},
       {"xsetTimeout(", false},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.Keys);
     Text().SetText("");
-    Type(QString::fromLatin1(c.Keys));
+    Play(c.Keys);
     EXPECT_EQ(Tip().isVisible(), c.Shown);
-    Type(QStringLiteral("<Esc>"));
+    Play("<Esc>");
   }
 }
 
 TEST_F(PopupKeys, AFastTypistLosesNothing) {
   const QString typed = QStringLiteral("document.cre");
-  for (const QChar c : typed) Press(QString(c));
-  for (const QChar c : typed) Release(QString(c));
+  for (const QChar c : typed) Press(c);
+  for (const QChar c : typed) Release(c);
   EXPECT_TRUE(List().isVisible());
   EXPECT_EQ(Selected(), "createAttribute");
-  Press(QStringLiteral("<Down>"));
-  for (int i = 0; i < 3; ++i) Press(QStringLiteral("<Down>"), true);
-  Release(QStringLiteral("<Down>"));
+  for (int i = 0; i < 4; ++i) Send(true, Qt::Key_Down, {}, i > 0);
+  Send(false, Qt::Key_Down);
   EXPECT_EQ(Selected(), "createElementNS") << "a key held down goes on";
-  Press(QStringLiteral("("));
-  Press(QStringLiteral("x"));
-  Release(QStringLiteral("("));
-  Release(QStringLiteral("x"));
+  for (const QChar c : {u'(', u'x'}) Press(c);
+  for (const QChar c : {u'(', u'x'}) Release(c);
   EXPECT_EQ(Text().Text(), "document.createElementNS(x");
+}
+
+/// All keys are down before the first one goes up: the pop-up stands where its word is, or nowhere.
+TEST_F(PopupKeys, APopupStandsAtItsWordHoweverFarTheTypistIs) {
+  m_frame.ActiveDocument()->SetTemplate(m_folder.Write(
+      "D.def",
+      "S: False\nD: .(),\nW: \"doc\" 2\n2 \".\" 1\n\"\"\nprint 1\n1 \"(\" 0\n\"doc(a, b)\"\nY: \"d\" \"DOC\"\n"));
+  struct Case {
+    const char* Typed;
+    int Place;  ///< where the word of the tooltip begins, or that of the list ends; -1 for nowhere
+  };
+  for (const Case& c : {Case{"x doc.", 6}, Case{"doc.pr", 4}, Case{"doc.pr,", -1}, Case{"doc.\b x", -1}, Case{"d.", 2},
+                        Case{"doc(", 0}, Case{"x DOC(a, ", 2}, Case{"d(", 0}, Case{"\xC3\xA9 doc(\xE2\x82\xAC", 3},
+                        Case{"dox(", -1}, Case{"doc(d.pr", 6}}) {
+    SCOPED_TRACE(c.Typed);
+    Text().SetText("");
+    const QString keys = QString::fromUtf8(c.Typed);
+    const bool isList = keys.contains(u'.'), isShown = c.Place >= 0;
+    for (const QChar key : keys) key == u'\b' ? Send(true, Qt::Key_Backspace) : Press(key);
+    for (const QChar key : keys) Release(key);
+    EXPECT_EQ(List().isVisible(), isList && isShown);
+    EXPECT_EQ(Tip().isVisible(), !isList && isShown);
+    if (isShown) {
+      const int x = OnScreen(static_cast<std::size_t>(c.Place)).x();
+      EXPECT_EQ(isList ? List().x() + 21 : Tip().x() + 1, x);
+    }
+    Play("<Esc>");
+  }
+}
+
+TEST_F(PopupKeys, TheTipStaysWhileTheListIsShownAndGoesWithItsHint) {
+  Play("setTimeout(document.");
+  EXPECT_TRUE(List().isVisible() && Tip().isVisible());
+  Play("bo)");
+  EXPECT_FALSE(List().isVisible() || Tip().isVisible());
 }
 
 /// Words that begin no entry, so that the list, open or not, writes nothing: the text is what was typed.
@@ -115,23 +155,23 @@ TEST_F(PopupKeys, NoKeyIsLostOrDoubledWhileAListIsOpen) {
     std::mt19937 dice(seed);
     Text().SetText("");
     QString expected;
-    QStringList down;
+    QString down;
     int listsSeen = 0;
     for (int i = 0; i < 40; ++i) {
       QString piece = pieces[static_cast<qsizetype>(dice() % static_cast<unsigned>(pieces.size()))];
       if (piece == QStringLiteral("<Esc>")) {
-        Type(piece);
+        Play("<Esc>");
         continue;
       }
       expected += piece;
       for (const QChar c : piece) {
-        Press(QString(c));
-        down.append(QString(c));
-        while (!down.isEmpty() && dice() % 3 != 0) Release(down.takeFirst());
+        Press(c);
+        down.append(c);
+        for (; !down.isEmpty() && dice() % 3 != 0; down.remove(0, 1)) Release(down[0]);
         listsSeen += List().isVisible() ? 1 : 0;
       }
     }
-    while (!down.isEmpty()) Release(down.takeFirst());
+    for (const QChar c : down) Release(c);
     EXPECT_EQ(Text().Text(), expected.toStdString());
     EXPECT_GT(listsSeen, 0);
   }

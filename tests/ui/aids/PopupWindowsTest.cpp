@@ -18,12 +18,9 @@ class PopupWindows : public PopupFixture {
  protected:
   void OpenList(const std::string& before = "") {
     Open("a.js", before);
-    Type(QStringLiteral("document."));
+    Play("document.");
   }
-  QRect CaretOnScreen() {
-    const QRect caret = Text().CaretRectangle();
-    return {Text().viewport()->mapToGlobal(caret.topLeft()), caret.size()};
-  }
+  QRect CaretOnScreen() { return OnScreen(Text().SelStart()); }
   QPoint RowCentre(int row) { return CList().visualRect(CList().model()->index(row - 1, 0)).center(); }
 };
 
@@ -40,9 +37,9 @@ TEST_F(PopupWindows, TheListsWordsStandUnderTheCaret) {
   EXPECT_EQ(CList().model()->rowCount(), 79);
   EXPECT_EQ(QApplication::focusWidget(), &Text()) << "the text keeps the keyboard";
   EXPECT_TRUE(m_frame.isActiveWindow());
-  Type(QStringLiteral("cre"));
+  Play("cre");
   EXPECT_EQ(CList().indexAt(QPoint(5, 5)).data().toString(), QStringLiteral("createAttribute")) << "the top row";
-  Type(QStringLiteral("<BS><BS><BS>wr"));
+  Play("<Backspace><Backspace><Backspace>wr");
   EXPECT_EQ(Selected(), "write") << "as near to the top as the list allows";
   EXPECT_TRUE(CList().viewport()->rect().contains(CList().visualRect(CList().currentIndex())));
 }
@@ -50,15 +47,15 @@ TEST_F(PopupWindows, TheListsWordsStandUnderTheCaret) {
 TEST_F(PopupWindows, AListOpenedAgainShowsItsFirstWords) {
   OpenList();
   const QString first = CList().indexAt(QPoint(5, 5)).data().toString();
-  Type(QStringLiteral("write(document."));
+  Play("write(document.");
   ASSERT_TRUE(List().isVisible());
   EXPECT_EQ(CList().indexAt(QPoint(5, 5)).data().toString(), first);
 }
 
 TEST_F(PopupWindows, TheTipBeginsUnderItsWord) {
   Open("a.js", "var longer = ");
-  const int word = Text().viewport()->mapToGlobal(Text().CaretRectangle().topLeft()).x();
-  Type(QStringLiteral("setTimeout("));
+  const int word = CaretOnScreen().x();
+  Play("setTimeout(");
   ASSERT_TRUE(Tip().isVisible());
   EXPECT_EQ(Tip().x(), word - 1);
   EXPECT_EQ(Tip().y(), CaretOnScreen().bottom() + 1);
@@ -71,13 +68,13 @@ TEST_F(PopupWindows, TheTipBeginsUnderItsWord) {
 
 TEST_F(PopupWindows, TheTipMakesRoomForTheList) {
   Open("a.js", "\n\n\n\nvar longer = ");
-  Type(QStringLiteral("setTimeout("));
+  Play("setTimeout(");
   const int under = Tip().y();
-  Type(QStringLiteral("document."));
+  Play("document.");
   ASSERT_TRUE(Tip().isVisible() && List().isVisible());
   EXPECT_FALSE(Tip().geometry().intersects(List().geometry()));
   EXPECT_EQ(Tip().geometry().bottom() + 1, CaretOnScreen().top());
-  Type(QStringLiteral("<Esc>"));
+  Play("<Esc>");
   EXPECT_EQ(Tip().y(), under);
 }
 
@@ -87,7 +84,7 @@ TEST_F(PopupWindows, AtTheEdgesOfTheScreenTheyStayVisible) {
   m_frame.move(screen.right() - 300, screen.bottom() - 350);
   Open("a.js", std::string(8, '\n') + std::string(30, ' '));
   for (const char* keys : {"setTimeout(", "document."}) {
-    Type(QString::fromLatin1(keys));
+    Play(keys);
     const QWidget& popup = *keys == 's' ? static_cast<QWidget&>(Tip()) : List();
     ASSERT_TRUE(popup.isVisible());
     EXPECT_TRUE(screen.contains(popup.geometry())) << keys;
@@ -108,13 +105,13 @@ TEST_F(PopupWindows, FarDownInAWrappedTextTheyStandAsAnywhere) {
     Text().SetSelStart(Text().Length());
     return Text().VerticalScroll() > 5000 && Text().viewport()->rect().contains(Text().CaretRectangle());
   }));
-  Type(QStringLiteral("setTimeout("));
+  Play("setTimeout(");
   ASSERT_TRUE(Tip().isVisible());
   EXPECT_EQ(Tip().y(), CaretOnScreen().bottom() + 1);
-  Type(QStringLiteral("document."));
+  Play("document.");
   ASSERT_TRUE(List().isVisible());
   EXPECT_EQ(List().y(), CaretOnScreen().bottom() + 1);
-  Type(QStringLiteral("bo;"));
+  Play("bo;");
   EXPECT_TRUE(Text().TextRange(text.size(), Text().Length()).ends_with(" setTimeout(document.body;"));
 }
 
@@ -127,7 +124,7 @@ TEST_F(PopupWindows, TheMouseChooses) {
   QTest::mouseDClick(CList().viewport(), Qt::LeftButton, {}, RowCentre(2));
   EXPECT_EQ(Text().Text(), "document.addEventListener");
   EXPECT_FALSE(List().isVisible());
-  Type(QStringLiteral(" document."));
+  Play(" document.");
   EXPECT_TRUE(List().isVisible());
   QTest::mouseClick(Text().viewport(), Qt::LeftButton, {}, QPoint(6, 6));
   EXPECT_TRUE(QTest::qWaitFor([&] { return !List().isVisible(); })) << "the click took the caret away from it";
@@ -146,7 +143,7 @@ TEST_F(PopupWindows, TheyHideWhileAnotherWindowIsActive) {
   EXPECT_NE(List().OwnerWin(), nullptr) << "it is still there";
   activate(m_frame);
   EXPECT_TRUE(List().isVisible());
-  Type(QStringLiteral("bo<Tab>"));
+  Play("bo<Tab>");
   EXPECT_EQ(Text().Text(), "setTimeout(document.body");
 }
 
@@ -154,7 +151,7 @@ TEST_F(PopupWindows, OneListForAllDocuments) {
   OpenList();
   Open("b.js", "");
   EXPECT_FALSE(List().isVisible()) << "another document has the keyboard";
-  Type(QStringLiteral("document."));
+  Play("document.");
   EXPECT_TRUE(List().isVisible());
   EXPECT_EQ(m_frame.findChildren<aids::ui::ContextList*>().size(), 1);
   m_prompts.ExpectClosing("b.js", platform::PromptAnswer::Cancel);
@@ -172,21 +169,21 @@ TEST_F(LongList, OpensNarrowsAndScrolls) {
   for (int i = 0; i < Rows; ++i) block += "entry" + std::to_string(100000 + i) + ' ' + std::to_string(i % 8) + "\r\n";
   Open("a.js", "");
   m_frame.ActiveDocument()->SetTemplate(m_folder.Write("Big.def", "N: Big\r\n" + block));
-  Type(QStringLiteral("big"));
-  Press(QStringLiteral("."));
+  Play("big");
+  Press(u'.');
   QElapsedTimer clock;
   clock.start();
-  Release(QStringLiteral("."));
+  Release(u'.');
   CList().viewport()->repaint();
   RecordProperty("open_ms", static_cast<int>(clock.elapsed()));
   ASSERT_TRUE(List().isVisible());
   EXPECT_EQ(CList().model()->rowCount(), Rows);
-  Type(QStringLiteral("entry132766"));
+  Play("entry132766");
   EXPECT_EQ(Selected(), "entry132766");
   EXPECT_TRUE(CList().viewport()->rect().contains(CList().visualRect(CList().currentIndex())));
-  Type(QStringLiteral("<Down>"));
+  Play("<Down>");
   EXPECT_EQ(Selected(), "entry132766");
-  Type(QStringLiteral("<PageUp>"));
+  Play("<PgUp>");
   EXPECT_LT(Selected(), "entry132766");
   CList().verticalScrollBar()->setValue(16000);
   EXPECT_EQ(CList().indexAt(QPoint(5, 5)).row(), 16000);

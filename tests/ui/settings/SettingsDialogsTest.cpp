@@ -95,13 +95,21 @@ TEST_F(SettingsDialogs, FontsAreShownInTheirSamplesAndStoredByOk) {
   EXPECT_EQ(Values.FixedFont, chosen);
   EXPECT_TRUE(Values.OverrideTemplateFonts && Values.DefaultFontType == 2 && !Cancelled);
 
-  ui::frmFontSet again(FontSetModel(Values), Prompts, Cancelled);
-  Activate(again);
-  Click(again, "cmdReset");
-  EXPECT_FALSE(Child<QTextEdit>(again, "txtFixed").font().bold());
-  QTest::keyClick(&again, Qt::Key_Escape);
-  EXPECT_EQ(Values.FixedFont, chosen);
-  EXPECT_TRUE(Cancelled);
+  Values.DefaultFontType = 200;
+  for (const bool isOk : {false, true}) {
+    Cancelled = false;
+    ui::frmFontSet again(FontSetModel(Values), Prompts, Cancelled);
+    Activate(again);
+    EXPECT_FALSE(Child<QAbstractButton>(again, "optDOS").isChecked()) << "no font is the default one";
+    Prompts.ExpectFont(Values.FixedFont, std::nullopt);
+    Click(again, "cmdFixed");
+    EXPECT_TRUE(Child<QTextEdit>(again, "txtFixed").font().bold());
+    Click(again, "cmdReset");
+    EXPECT_FALSE(Child<QTextEdit>(again, "txtFixed").font().bold());
+    QTest::keyClick(&again, isOk ? Qt::Key_Return : Qt::Key_Escape);
+    EXPECT_EQ(Values.FixedFont, isOk ? Settings().FixedFont : chosen);
+    EXPECT_EQ(Cancelled, !isOk);
+  }
 }
 
 TEST_F(SettingsDialogs, AssociationsAreEditedCharacterByCharacter) {

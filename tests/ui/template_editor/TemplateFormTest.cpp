@@ -5,7 +5,6 @@
 #include <QLabel>
 #include <QToolButton>
 
-#include "tests/support/Characters.h"
 #include "tests/ui/template_editor/FormFixture.h"
 
 namespace tests {
@@ -23,13 +22,6 @@ class TemplateForm : public FormTest {
                           "W: \"a\" 2\r\n2 \".\" 1\r\n\"\"\r\nopen 5\r\n1 \"(\" 0\r\n\"(x)\"\r\nW: \"b\" 0\r\n"
                           "Y: \"x\" \"a\"\r\n");
   }
-  /// What each of the named controls says.
-  template <typename Widget>
-  std::string TextsOf(const char* names, QString (Widget::*text)() const) const {
-    std::string texts;
-    for (const std::string& name : Split(names)) texts += (Child<Widget>(name.c_str()).*text)().toStdString() + '|';
-    return texts;
-  }
   QColor SwatchOf(const char* list, int row) const {
     const auto icon = Child<QAbstractItemView>(list).model()->index(row, 0).data(Qt::DecorationRole).value<QIcon>();
     return icon.pixmap(16).toImage().pixelColor(8, 8);
@@ -39,44 +31,6 @@ class TemplateForm : public FormTest {
     return index.data(Qt::AccessibleTextRole).toString().toStdString();
   }
 };
-
-TEST_F(TemplateForm, EveryControlHasItsCaptionDefaultAndName) {
-  NewTemplate();
-  EXPECT_EQ(
-      TextsOf("TemplateName|DefaultExt|DelimetersBox|hdfFile|SaveExecute|ColName|ColHex|colWordName|colEndWord|"
-              "ActWordName|DelimBox|ToolTipBox|wlstName|txtWord|txtSynonym|VersionText|AuthorBox|DateBox|Comments",
-              &QLineEdit::text),
-      "New Template||,./*+-=()[]{}#!%?;:|.hdf|||#000000|||||||||||||");
-  EXPECT_EQ(TextsOf("CaseSense|optDOS|optFixed|optProp|ColBrowse|colAdd|colRemove|colChange|ColWordInclude|oEndOfWord|"
-                    "oEndOfLine|oUntilWord|AddColWord|RemoveColWord|ChangeColWord|ActAdd|ActRemove|ActChange|"
-                    "ClearButton|DelimAdd|DelimRemove|DelimChange|ShowTip|ShowList|AddSynonym|wlstAdd|wlstRemove|"
-                    "wlstChange|btnNew|btnDelete",
-                    &QAbstractButton::text),
-            "Case Sensiti&ve|MS-DOS Font|Fixed Width Font|Proportional Font|...|&Add|&Remove|C&hange|&Includes itself|"
-            "&End of Word|End of &Line||&Add|&Remove|C&hange|&Add|&Remove|C&hange|&C\nl\ne\na\nr|&Add|&Remove|C&hange|"
-            "Show &Tool Tip|Show Word &List|Add &Synonym|&Add|&Remove|C&hange|&New|&Delete|");
-  EXPECT_EQ(TextsOf("frmFont|ColourFrame|ColWords|ColWordUntil|ActionWordsFrame|DelimetersFrame|ActionFrame|"
-                    "WordListFrame|InfoFrame",
-                    &QGroupBox::title),
-            "Default Font Type|Colour Palette|Colour Words|Colour Until|Action Words|Word Delimeters for []|"
-            "Action for []|Word List for []|Information|");
-  EXPECT_EQ(Child<QLabel>("ToolTipLabel").text(), QStringLiteral("Tool T&ip for [] of []"));
-  EXPECT_EQ(Child<QLabel>("ColWordColName").text(), QStringLiteral("[ColourName]"));
-  EXPECT_EQ(Child<QLabel>("Label31").text(), QStringLiteral("\"c:\\program files\\accessories\\viewer.exe\" /view %s"));
-  QStringList pages;
-  const auto& strip = Child<QTabWidget>("TabStrip");
-  for (int page = 0; page < strip.count(); ++page)
-    pages += strip.tabText(page) + QLatin1Char('/') + strip.widget(page)->objectName();
-  EXPECT_EQ(pages.join(QLatin1Char(' ')),
-            QStringLiteral("General/GeneralPage Colour Words/ColourWordsPage Action Words/ActionWordsPage "
-                           "Initial Text/InitialText Synonyms/SynonymsPage About/AboutPage"));
-  EXPECT_EQ(strip.tabToolTip(5), QStringLiteral("Enter information about this template"));
-  QStringList icons;
-  for (int icon = 1; icon <= 7; ++icon)
-    icons += Child<QToolButton>(("imgIcons" + std::to_string(icon)).c_str()).toolTip();
-  EXPECT_EQ(icons.join(QLatin1Char(' ')), QStringLiteral("Collection Enum Enums Event Method Property User Defined"));
-  EXPECT_TRUE(Child<QToolButton>("imgIcons1").isChecked());
-}
 
 TEST_F(TemplateForm, AScreenReaderHasANameForEveryControl) {
   OpenTemplate(WriteSample());

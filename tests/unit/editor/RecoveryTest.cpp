@@ -36,12 +36,14 @@ class Session {
   void FireTimers() {
     for (tests::FakeTimer* timer : Frame.Timers) timer->Fire();
   }
+  /// What has been handed over is written, and time passes.
+  void Round() {
+    Store.Writer().Flush();
+    FireTimers();
+  }
   /// Lets the journal become what it is when the user pauses.
   void Settle() {
-    for (int round = 0; round < 2000 && Busy(); ++round) {
-      Store.Writer().Flush();
-      FireTimers();
-    }
+    for (int round = 0; round < 2000 && Busy(); ++round) Round();
     EXPECT_FALSE(Busy());
   }
   bool Busy() const {
@@ -219,8 +221,7 @@ TEST_F(RecoveryTest, AFullDiskIsToldOnceAndEditingGoesOn) {
   session.Frame.Questions.ExpectAnyBox();
   session.Type(std::string(20'000, 'x'));
   for (int round = 0; round < 6; ++round) {  // attempts, each after a longer rest
-    session.Store.Writer().Flush();
-    session.FireTimers();
+    session.Round();
     session.Type("y");
   }
   session.Store.Writer().Flush();  // an attempt may be under way, with a file of its own
@@ -228,10 +229,7 @@ TEST_F(RecoveryTest, AFullDiskIsToldOnceAndEditingGoesOn) {
   ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &before), 0);
   std::signal(SIGXFSZ, wasHandled);
   ASSERT_EQ(Journals().size(), 1u);
-  for (int round = 0; round < 4; ++round) {
-    session.Store.Writer().Flush();
-    session.FireTimers();
-  }
+  for (int round = 0; round < 4; ++round) session.Round();
   session.Settle();
   const std::string expected = session.Control.Text();
   session.Document.reset();
@@ -245,8 +243,7 @@ TEST_F(RecoveryTest, AFolderThatCannotBeWrittenIsToldOnce) {
   session.Frame.Questions.ExpectAnyBox();
   for (int round = 0; round < 5; ++round) {
     session.Type("text");
-    session.Store.Writer().Flush();
-    session.FireTimers();
+    session.Round();
   }
   EXPECT_EQ(session.Control.Length(), 20u);
   EXPECT_TRUE(session.Document->SaveFile(m_folder.Path("file")));

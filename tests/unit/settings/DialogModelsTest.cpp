@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "settings/AssociationsModel.h"
-#include "settings/FontSetModel.h"
 #include "settings/OptionsModel.h"
 #include "tests/support/Characters.h"
 #include "tests/support/ScriptedPrompts.h"
@@ -90,22 +89,6 @@ TEST_F(OptionsModelTest, WhatIsNoNumberAndNoChoiceIsToldAndTheRestApplies) {
   for (const std::string& text : tests::Split("|8x|0x8|inf|1e|+-1|3e9")) EXPECT_EQ(ParseNumeric(text), std::nullopt);
 }
 
-TEST(FontSetModel, ACancelledChoiceAndAResetStoreNothingYet) {
-  Settings values;
-  values.FixedFont.Size = 9;
-  const platform::FontRecord small = values.FixedFont;
-  tests::ScriptedPrompts prompts;
-  FontSetModel model(values);
-  prompts.ExpectFont(small, std::nullopt);
-  EXPECT_FALSE(model.ChooseFont(FontSetModel::Fixed, prompts));
-  model.Reset();
-  EXPECT_EQ(values.FixedFont, small);
-  model.Accept();
-  EXPECT_EQ(values.FixedFont, Settings().FixedFont);
-  values.DefaultFontType = 200;
-  EXPECT_EQ(FontSetModel(values).DefaultType, std::nullopt);
-}
-
 TEST(AssociationsModel, WithoutASelectedRowNothingIsEdited) {
   std::vector<templates::Template> associations = {{"", "txt", "/t.def"}};
   AssociationsModel model(associations);
@@ -118,9 +101,6 @@ TEST(AssociationsModel, WithoutASelectedRowNothingIsEdited) {
   EXPECT_EQ(associations.size(), 1U);
   model.Accept();
   EXPECT_TRUE(associations.empty());
-  EXPECT_EQ(AssociationsModel::ExtensionColumnWidth(45), 58);  // under 690 twips: 870 twips
-  EXPECT_EQ(AssociationsModel::ExtensionColumnWidth(50), 62);
-  EXPECT_EQ(AssociationsModel::TemplateColumnWidth(10), 22);
 }
 
 }  // namespace

@@ -189,11 +189,12 @@ TEST_F(BatchColourerTest, MakesATemplateOfADefinition) {
   }
 }
 
-TEST_F(BatchColourerTest, AHundredThousandColourWords) {
+TEST_F(BatchColourerTest, AHundredThousandWordsOfEachKind) {
   std::string definition = "D: ()\nC: #0000FF\nC: #00FF00\n", text, expected;
   for (int i = 0; i < 100'000; ++i) {
     const std::string word = "w" + std::to_string(i);
-    definition += "L: " + word + " 0  " + std::to_string(1 + i % 2) + " True\n";
+    definition += "L: " + word + " 0  " + std::to_string(1 + i % 2) + " True\nY: \"" + word + "\" \"x\"\nW: \"" + word +
+                  "\" 1\n1 \"(\" 0\n\"\"\n";
     if (i % 1000 != 999) continue;
     text += word + " x" + word + ' ';
     expected += "\\cf2 " + word + "\\cf0  x" + word + ' ';

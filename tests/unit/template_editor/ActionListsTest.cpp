@@ -48,6 +48,7 @@ PlainWord Plain(const templates::Word& word) {
 class PlainLists {
  public:
   std::deque<LeaveAnswer> Answers;
+  std::vector<std::string> Asked;
   std::vector<PlainWord> Words;
   PlainWord Working;
   PlainAction Action;
@@ -56,7 +57,7 @@ class PlainLists {
 
   bool LeaveAction() {
     if (ActionCommitted) return true;
-    const LeaveAnswer answer = Next();
+    const LeaveAnswer answer = Ask("delimeter", Delimeter);
     if (answer == LeaveAnswer::Discard) LoadAction();
     if (answer == LeaveAnswer::Change || answer == LeaveAnswer::Add)
       return PutAction(answer == LeaveAnswer::Change ? Delimeter : std::nullopt);
@@ -65,7 +66,7 @@ class PlainLists {
   bool LeaveWord() {
     if (!LeaveAction()) return false;
     if (WordCommitted) return true;
-    const LeaveAnswer answer = Next();
+    const LeaveAnswer answer = Ask("word", Word);
     if (answer == LeaveAnswer::Discard) LoadWord();
     if (answer == LeaveAnswer::Change || answer == LeaveAnswer::Add)
       return PutWord(answer == LeaveAnswer::Change ? Word : std::nullopt);
@@ -115,7 +116,8 @@ class PlainLists {
   }
 
  private:
-  LeaveAnswer Next() {
+  LeaveAnswer Ask(const std::string& level, Row row) {
+    Asked.push_back(level + (row ? "" : " without Change"));
     const LeaveAnswer answer = Answers.front();
     Answers.pop_front();
     return answer;
@@ -138,6 +140,7 @@ class ActionLaw {
     m_user.Answers.clear();
     for (int i = 0; i < 8; ++i) m_user.Answers.push_back(Answer());
     m_plain.Answers = m_user.Answers;
+    std::size_t row = 0;
     switch (Draw(14)) {
       case 0:
       case 1:
@@ -151,7 +154,8 @@ class ActionLaw {
         return RemoveWord();
       case 5:
         if (m_plain.Words.empty()) return;
-        return SelectWord(Draw(m_plain.Words.size()));
+        row = Draw(m_plain.Words.size());
+        return Both([&] { m_lists.SelectWord(row); }, [&] { m_plain.SelectWord(row); });
       case 6:
         return Both([&] { m_lists.Clear(); }, [&] { m_plain.Clear(); });
       case 7:
@@ -167,7 +171,8 @@ class ActionLaw {
         return Both([&] { m_lists.Leave(); }, [&] { m_plain.LeaveWord(); });
       case 12:
         if (m_plain.Working.Actions.empty()) return;
-        return SelectDelimeter(Draw(m_plain.Working.Actions.size()));
+        row = Draw(m_plain.Working.Actions.size());
+        return Both([&] { m_lists.SelectDelimeter(row); }, [&] { m_plain.SelectDelimeter(row); });
       default:
         return EditEntries();
     }
@@ -188,7 +193,7 @@ class ActionLaw {
     EXPECT_EQ(m_lists.ActionCommitted(), m_plain.ActionCommitted);
     EXPECT_EQ(m_lists.Words().Selected(), m_plain.Word);
     EXPECT_EQ(m_lists.Delimeters().Selected(), m_plain.Delimeter);
-    EXPECT_EQ(m_user.Answers.size(), m_plain.Answers.size()) << "as many questions";
+    EXPECT_EQ(m_user.Asked, m_plain.Asked) << "each level asks for itself";
   }
 
  private:
@@ -255,14 +260,6 @@ class ActionLaw {
     m_plain.ActionCommitted = true;
     m_plain.WordCommitted = false;
   }
-  void SelectWord(std::size_t row) {
-    m_lists.SelectWord(row);
-    m_plain.SelectWord(row);
-  }
-  void SelectDelimeter(std::size_t row) {
-    m_lists.SelectDelimeter(row);
-    m_plain.SelectDelimeter(row);
-  }
 
   std::mt19937 m_random;
   ListUser m_user;
@@ -281,63 +278,38 @@ TEST(ActionLists, WorkingCopiesFollowThePlainModel) {
   }
 }
 
-/// A list with a word "a" of one action "." and a word "b", the first selected.
-class TwoWords : public testing::Test {
- protected:
-  TwoWords() {
-    m_lists.SetName("a");
-    m_lists.SetDelimeter(".");
-    m_lists.AddDelimeter();
-    m_lists.AddWord();
-    m_lists.Clear();
-    m_lists.SetName("b");
-    m_lists.AddWord();
-    m_lists.SelectWord(0);
-    m_user.Asked.clear();
-  }
-  ListUser m_user;
-  ActionLists m_lists{m_user};
-};
-
-TEST_F(TwoWords, EachLevelAsksForItself) {
-  m_lists.SetTip("tip");
-  m_user.Answers = {LeaveAnswer::Add, LeaveAnswer::Add};
-  EXPECT_FALSE(m_lists.SelectWord(1)) << "the action has no delimeter yet";
-  EXPECT_EQ(m_user.Refused.size(), 1U);
-  m_lists.SetDelimeter("(");
-  m_user.Answers = {LeaveAnswer::Add, LeaveAnswer::Change};
-  EXPECT_TRUE(m_lists.SelectWord(1));
-  EXPECT_EQ(m_user.Asked, (std::vector<std::string>{"delimeter without Change", "delimeter without Change", "word"}));
-  EXPECT_EQ(Plain(*m_lists.Words().All()[0]).Actions.size(), 2U);
-  EXPECT_EQ(m_lists.Name(), "b");
-}
-
-TEST_F(TwoWords, WhatAFileCouldNotHoldIsRefused) {
+TEST(ActionLists, WhatAFileCouldNotHoldIsRefused) {
+  ListUser user;
+  ActionLists lists{user};
+  lists.SetName("a");
+  lists.AddWord();
   for (const char* name : {"", "say \"x\""}) {
-    m_lists.SetName(name);
-    EXPECT_FALSE(m_lists.AddWord()) << name;
-    EXPECT_FALSE(m_lists.ChangeWord()) << name;
+    lists.SetName(name);
+    EXPECT_FALSE(lists.AddWord()) << name;
+    EXPECT_FALSE(lists.ChangeWord()) << name;
   }
   for (const char* delimeter : {"", "\"", "\n"}) {
-    m_lists.SetDelimeter(delimeter);
-    EXPECT_FALSE(m_lists.AddDelimeter()) << delimeter;
+    lists.SetDelimeter(delimeter);
+    EXPECT_FALSE(lists.AddDelimeter()) << delimeter;
   }
   for (const char* entry : {"", ";x"}) {
-    m_lists.EntryText = entry;
-    m_lists.AddEntry();
-    EXPECT_EQ(m_lists.Entries().Count(), 0U) << entry;
+    lists.EntryText = entry;
+    lists.AddEntry();
+    EXPECT_EQ(lists.Entries().Count(), 0U) << entry;
   }
-  EXPECT_EQ(m_user.Refused.size(), 9U);
+  EXPECT_EQ(user.Refused.size(), 9U);
 }
 
-TEST_F(TwoWords, AListEndsBeforeItsNumbersDo) {
-  m_lists.EntryText = "e";
-  for (int i = 0; i < 32768; ++i) m_lists.AddEntry();
-  EXPECT_EQ(m_lists.Entries().Count(), 32767U);
-  EXPECT_EQ(m_user.Refused.size(), 1U);
-  m_lists.SetDelimeter("(");
-  m_lists.AddDelimeter();
-  EXPECT_EQ(m_lists.Delimeters().All().back()->WordList(32767), "e");
+TEST(ActionLists, AListEndsBeforeItsNumbersDo) {
+  ListUser user;
+  ActionLists lists{user};
+  lists.EntryText = "e";
+  for (int i = 0; i < 32768; ++i) lists.AddEntry();
+  EXPECT_EQ(lists.Entries().Count(), 32767U);
+  EXPECT_EQ(user.Refused.size(), 1U);
+  lists.SetDelimeter("(");
+  lists.AddDelimeter();
+  EXPECT_EQ(lists.Delimeters().All().back()->WordList(32767), "e");
 }
 
 }  // namespace

@@ -40,15 +40,6 @@ TEST_F(TemplateEditorTest, OpenedEmptyItHasTheDefaultsAndNothingToSave) {
   EXPECT_FALSE(m_user.Tools.at("save"));
 }
 
-TEST_F(TemplateEditorTest, ActivationGivesTheToolsTheirStates) {
-  m_editor.Activated();
-  std::string enabled;
-  for (const auto& [tool, on] : m_user.Tools)
-    if (on) enabled += tool + ' ';
-  EXPECT_EQ(enabled, "save saveas ");
-  EXPECT_EQ(m_user.Tools.size(), 19U);
-}
-
 TEST_F(TemplateEditorTest, EveryEditMarksTheTemplateOnceAndLookingDoesNot) {
   const std::vector<std::pair<const char*, std::function<void()>>> edits = {
       {"field", [&] { Type(TextField::Comments, "x"); }},

@@ -20,9 +20,9 @@ class NoDisplay(Exception):
     """Xvfb cannot start here."""
 
 
-def wait(condition, what):
+def wait(condition, what, seconds=PATIENCE):
     """Waits until the condition tells something true, and returns that; `what` names it in the failure."""
-    deadline = time.monotonic() + PATIENCE
+    deadline = time.monotonic() + seconds
     while True:
         try:
             answer = condition()
@@ -31,7 +31,7 @@ def wait(condition, what):
         if answer:
             return answer
         if time.monotonic() > deadline:
-            raise AssertionError(f"waited {PATIENCE:.0f} s in vain for {what}")
+            raise AssertionError(f"waited {seconds:.1f} s in vain for {what}")
         time.sleep(0.02)
 
 

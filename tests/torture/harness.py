@@ -108,6 +108,35 @@ def as_user(user=ORDINARY):
     return ["setpriv", f"--reuid={user}", f"--regid={user}", "--clear-groups", "--inh-caps=-all", "--bounding-set=-all"]
 
 
+class Conversation:
+    """A driver that is spoken to line by line."""
+
+    def __init__(self, run, prefix=()):
+        self.process = subprocess.Popen([*prefix, run.driver], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
+
+    def send(self, line):
+        self.process.stdin.write(line + "\n")
+        self.process.stdin.flush()
+
+    def answer(self):
+        """The questions up to the answer, and the answer."""
+        asked = []
+        while True:
+            line = self.process.stdout.readline().rstrip("\n")
+            if not line.startswith("asked "):
+                return asked, line
+            asked.append(line)
+
+    def say(self, line):
+        self.send(line)
+        return self.answer()
+
+    def end(self):
+        self.process.stdin.close()
+        self.process.wait(timeout=30)
+        self.process.stdout.close()
+
+
 class Place:
     """A folder with a file that is saved again and again: by a rename, or in place because of a second link."""
 

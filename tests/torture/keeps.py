@@ -5,7 +5,7 @@ import shutil
 import stat
 import subprocess
 
-from harness import ORDINARY, Skip, as_user
+from harness import ORDINARY, Conversation, Skip, as_user
 
 OLD, NEW = b"old\n", b"new text\n"
 TAG = b"kept \x00 whole"
@@ -53,6 +53,18 @@ class Cases:
         after = sorted(os.listdir(path.parent)) if path.parent.is_dir() else None
         self.run.check(before == after, f"{what}: {after} instead of {before}")
 
+    def refuses_after(self, path, change, prefix=()):
+        """What is told when the file is saved that was changed from outside while it was open."""
+        talk = Conversation(self.run, prefix)
+        talk.say(f"open {path}")
+        change()
+        talk.say(f"text {self.text}")
+        talk.say("answers Y")
+        told, _ = talk.say(f"save {path}")
+        talk.end()
+        self.count += 1
+        return told
+
 
 def links(cases):
     run, folder = cases.run, cases.folder()
@@ -90,16 +102,8 @@ def no_files(cases):
     run.check(f"asked Could not read {folder / 'pipe'}" in opened.lines, f"opening a pipe: {opened}")
     gone = run.folder()
     path = cases.file(gone)
-    with subprocess.Popen([run.driver], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True) as driver:
-        driver.stdin.write(f"open {path}\n")
-        driver.stdin.flush()
-        driver.stdout.readline()
-        shutil.rmtree(gone)
-        driver.stdin.write(f"text {cases.text}\nanswers Y\nsave {path}\n")
-        driver.stdin.close()
-        told = driver.stdout.read().splitlines()
+    told = cases.refuses_after(path, lambda: shutil.rmtree(gone))
     run.check(f"asked Could not save {path}  No such file or directory" in told, f"a folder that vanished: {told}")
-    cases.count += 1
 
 
 def attributes(cases):
@@ -172,18 +176,10 @@ def owners(cases):
     path = cases.file(hidden, 0o666, owner=ORDINARY)
     hidden.chmod(0o333)
     cases.saves("a file in a folder that cannot be listed", path, user)
-    with subprocess.Popen([*user, run.driver], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True) as driver:
-        path = cases.file(cases.folder(), 0o644, owner=ORDINARY)
-        driver.stdin.write(f"open {path}\n")
-        driver.stdin.flush()
-        driver.stdout.readline()
-        os.chown(path, 1, 1)
-        driver.stdin.write(f"text {cases.text}\nsave {path}\n")
-        driver.stdin.close()
-        told = driver.stdout.read().splitlines()
+    path = cases.file(cases.folder(), 0o644, owner=ORDINARY)
+    told = cases.refuses_after(path, lambda: os.chown(path, 1, 1), user)
     run.check(f"asked Could not save {path}  Permission denied" in told and path.read_bytes() == OLD,
               f"a permission that was lost: {told}")
-    cases.count += 1
 
 
 def keeps(run):

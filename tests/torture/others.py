@@ -1,10 +1,9 @@
 """Another program writes, replaces or removes the file between the last look of a save and its rename."""
 
 import os
-import subprocess
 import time
 
-from harness import Place, strace
+from harness import Conversation, Place, strace
 
 THEIRS = b"their line\n" * 800
 
@@ -37,35 +36,6 @@ def touch(place):
 
 
 CHANGES = {"appended": append, "same size and time": same_size, "replaced": replace, "deleted": remove, "touched": touch}
-
-
-class Conversation:
-    """A driver that is spoken to line by line."""
-
-    def __init__(self, run, prefix=()):
-        self.process = subprocess.Popen([*prefix, run.driver], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
-
-    def send(self, line):
-        self.process.stdin.write(line + "\n")
-        self.process.stdin.flush()
-
-    def answer(self):
-        """The questions up to the answer, and the answer."""
-        asked = []
-        while True:
-            line = self.process.stdout.readline().rstrip("\n")
-            if not line.startswith("asked "):
-                return asked, line
-            asked.append(line)
-
-    def say(self, line):
-        self.send(line)
-        return self.answer()
-
-    def end(self):
-        self.process.stdin.close()
-        self.process.wait(timeout=30)
-        self.process.stdout.close()
 
 
 def content(place):

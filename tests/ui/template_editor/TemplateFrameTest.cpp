@@ -61,26 +61,6 @@ TEST_F(TemplateFrame, SeveralEditorsAreListedWithTheirCaptions) {
   EXPECT_EQ(Captions(), "Untitled (Template)|Untitled (Template) *|");
 }
 
-TEST_F(TemplateFrame, SavingUnderANewNameFillsTheMenuOfTemplates) {
-  NewTemplate();
-  Child<QLineEdit>("TemplateName").setText(QStringLiteral("Mine"));
-  m_prompts.ExpectSaveFile("Save Template", "");
-  m_frame.ActiveBar_ToolClick("save");
-  EXPECT_EQ(m_prompts.LastFileQuestion().SuggestedName, m_folder.Path("Mine.def"));
-  EXPECT_EQ(m_prompts.LastFileQuestion().Filters.front().Description, "Template Definition File");
-  EXPECT_FALSE(Active().Saved());
-  m_prompts.ExpectSaveFile("Save Template", m_folder.Path("Mine.def"));
-  m_frame.ActiveBar_ToolClick("save");
-  EXPECT_EQ(Active().Caption(), "Mine.def (Template)");
-  EXPECT_FALSE(Tool("save").isEnabled());
-  ASSERT_EQ(m_frame.Values().TemplateList.size(), 1U);
-  EXPECT_EQ(m_frame.Values().TemplateList[0].Name, "Mine");
-  m_prompts.ExpectSaveFile("Save Template", m_folder.Path("Other.def"));
-  m_frame.ActiveBar_ToolClick("saveas");
-  EXPECT_EQ(m_frame.Values().TemplateList.size(), 2U);
-  EXPECT_EQ(Active().CurFileName(), m_folder.Path("Other.def"));
-}
-
 TEST_F(TemplateFrame, ClosingAsksAndMayStay) {
   NewTemplate();
   Child<QLineEdit>("TemplateName").setText(QStringLiteral("Mine"));

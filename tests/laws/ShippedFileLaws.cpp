@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <iostream>
 
 #include "Comparison.h"
 #include "RandomCase.h"
@@ -40,6 +39,7 @@ enum class Pairs { All, Own };
 template <typename Body>
 void ForEachPair(Pairs pairs, const Body& body) {
   const std::vector<ShippedText> texts = ShippedTexts();
+  ASSERT_GT(texts.size(), ShippedTemplates().size()) << "there are examples beside the templates";
   const std::size_t step = std::max<std::size_t>(1, texts.size() / ForeignTexts);
   std::size_t turn = 0;
   for (const ShippedTemplate& shipped : ShippedTemplates()) {
@@ -53,23 +53,13 @@ void ForEachPair(Pairs pairs, const Body& body) {
   }
 }
 
-class ShippedFileLaws : public testing::Test {
- protected:
-  void SetUp() override {
-    if (ShippedTemplates().empty()) GTEST_SKIP() << "data/templates holds no template";
-    bool examples = false;
-    for (const ShippedText& file : ShippedTexts()) examples |= file.IsExample;
-    if (!examples) std::cout << "[ NOTICE   ] examples/ is empty: the template files alone are coloured\n";
-  }
-};
-
-TEST_F(ShippedFileLaws, WholeDocumentFollowsTheRules) {
+TEST(ShippedFileLaws, WholeDocumentFollowsTheRules) {
   ForEachPair(Pairs::All, [](const templates::TemplateFields& fields, const std::string& text) {
     EXPECT_EQ(FirstDifference(text, LiteralWhole(fields, text), FastWhole(fields, text)), "");
   });
 }
 
-TEST_F(ShippedFileLaws, PiecesFollowTheRules) {
+TEST(ShippedFileLaws, PiecesFollowTheRules) {
   ForEachPair(Pairs::All, [](const templates::TemplateFields& fields, const std::string& text) {
     for (const bool close : {true, false})
       EXPECT_EQ(FirstDifference(text, LiteralLines(fields, text, close), FastLines(fields, text, close)), "");
@@ -88,7 +78,7 @@ rich_text::StyledText Coloured(const templates::TemplateFields& fields, const st
   return {text, fields.Colours, editor::ColouredRuns(editor::ColourPass(fields).Whole(text), fields.Colours)};
 }
 
-TEST_F(ShippedFileLaws, LongTextsKeepTheirTextAndColourTwiceTheSame) {
+TEST(ShippedFileLaws, LongTextsKeepTheirTextAndColourTwiceTheSame) {
   ForEachPair(Pairs::Own, [](const templates::TemplateFields& fields, const std::string& beginning) {
     const std::string text = LongText(beginning, 200'000);
     const editor::ColourPass pass(fields);
@@ -108,7 +98,7 @@ bool IsBeginningOf(const std::vector<editor::PassRun>& part, const std::vector<e
   return part.size() <= whole.size() && std::equal(part.begin(), part.end(), whole.begin());
 }
 
-TEST_F(ShippedFileLaws, StoppedPassesGiveTheBeginning) {
+TEST(ShippedFileLaws, StoppedPassesGiveTheBeginning) {
   for (const ShippedTemplate& shipped : ShippedTemplates()) {
     SCOPED_TRACE(shipped.Name);
     const editor::ColourPass pass(shipped.Fields);

@@ -52,7 +52,7 @@ std::vector<ShippedText> ShippedTexts() {
   std::vector<ShippedText> texts;
   for (const char* folder : {"examples", "data/templates"})
     for (const fs::path& path : FilesBelow(Source / folder))
-      texts.push_back({path.filename().string(), DecodedFile(path), std::string_view(folder) == "examples"});
+      texts.push_back({path.filename().string(), DecodedFile(path)});
   return texts;
 }
 

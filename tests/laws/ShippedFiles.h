@@ -15,7 +15,6 @@ struct ShippedTemplate {
 struct ShippedText {
   std::string Name;
   std::string Text;
-  bool IsExample;
 
   /// Whether a user would have this file in the template's colours; a template file counts as its own template's.
   bool BelongsTo(const ShippedTemplate& shipped) const;

@@ -68,12 +68,13 @@ TEST_F(SettingsDialogs, AMissingTemplateKeepsTheOptionsOpenAndCancelChangesNothi
   Click(form, "cmdBrowse");
   EXPECT_EQ(Child<QComboBox>(form, "cmbDefTemp").currentText(), QStringLiteral("/no such.def"));
   Click(form, "optNone");
+  Click(form, "AutoIndentBox");
   Prompts.Expect({.Text = "/no such.def does not exist", .Icon = platform::PromptIcon::Critical});
   Click(form, "OKButton");
   EXPECT_TRUE(form.isVisible());
   Click(form, "CancelButton");
   EXPECT_TRUE(!form.isVisible() && Cancelled);
-  EXPECT_TRUE(Values.UseColours);
+  EXPECT_TRUE(Values.UseColours && Values.AutoIndent);
 }
 
 TEST_F(SettingsDialogs, FontsAreShownInTheirSamplesAndStoredByOk) {

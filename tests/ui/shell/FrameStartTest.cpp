@@ -7,6 +7,7 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QTest>
+#include <QToolBar>
 #include <atomic>
 #include <thread>
 
@@ -133,6 +134,27 @@ TEST_F(FrameStart, TheCommandLineIsFollowed) {
     EXPECT_EQ(frame.ActiveDocument()->Caption(), "a.py");
     EXPECT_EQ(frame.ActiveDocument()->TextArea().SelStart(), 7U);
   });
+}
+
+TEST_F(FrameStart, SwitchesResetWhatTheLastRunLeft) {
+  const auto width = [](BackWin& frame) { return frame.Values().Settings.TabWidth; };
+  const auto bar = [](BackWin& frame) { return frame.findChild<QToolBar*>(QStringLiteral("tbrFonts"))->isVisible(); };
+  Run({}, [&](BackWin& frame) {
+    frame.Values().Settings.TabWidth = 7;
+    frame.findChild<QToolBar*>(QStringLiteral("tbrFonts"))->hide();
+  });
+  Run({"/ResetToolbars"}, [&](BackWin& frame) {
+    EXPECT_EQ(width(frame), 7);
+    EXPECT_TRUE(bar(frame));
+    frame.findChild<QToolBar*>(QStringLiteral("tbrFonts"))->hide();
+  });
+  Run({"a.py", "/ResetSettings"}, [&](BackWin& frame) {
+    EXPECT_EQ(width(frame), 4);
+    EXPECT_TRUE(bar(frame));
+    EXPECT_EQ(frame.WindowCount(), 1U) << "no blank document beside a file";
+  });
+  m_prompts.Expect({.Text = "\"none.js\" does not exist.", .Icon = PromptIcon::Exclamation});
+  Run({"none.js"}, [&](BackWin& frame) { EXPECT_EQ(frame.ActiveDocument()->Caption(), "Untitled"); });
 }
 
 TEST_F(FrameStart, GarbageInTheSettingsAndTheLayoutIsToldAndTheFrameComes) {

@@ -48,12 +48,6 @@ TEST_F(DocumentTemplateTest, FillsEverythingAndANewDocument) {
   EXPECT_FALSE(m_frame.Enabled.at("SaveExec"));
 }
 
-TEST_F(DocumentTemplateTest, TheInitialTextCanBeLeftOut) {
-  m_document.SetTemplate(m_sample, true);
-  EXPECT_EQ(m_control.Text(), "");
-  EXPECT_EQ(Fields().TName, "Sample");
-}
-
 TEST_F(DocumentTemplateTest, NoneStopsAtOnce) {
   m_document.SetTemplate(m_sample);
   m_frame.Bar.Take();

@@ -56,16 +56,6 @@ TEST_F(OptionsModelTest, TheDefaultTemplateIsAFile) {
     EXPECT_TRUE(Model.Accept(form));
     EXPECT_EQ(Values.DefOpenTemplate, c.Stored);
   }
-  // What does not exist keeps the dialog open, and every setting as it was.
-  OptionsForm form = Model.Load();
-  form.Entry.reset();
-  form.TemplateText = "C";
-  form.Ask = form.AutoIndent = false;
-  Prompts.Expect({.Text = "C does not exist", .Icon = platform::PromptIcon::Critical});
-  EXPECT_FALSE(Model.Accept(form));
-  EXPECT_TRUE(Values.AskUnknownTemplates && Values.AutoIndent);
-  Prompts.ExpectOpenFile("Select Template", file);
-  EXPECT_EQ(Model.Browse("/program"), file);
 }
 
 TEST_F(OptionsModelTest, WhatIsNoNumberAndNoChoiceIsToldAndTheRestApplies) {

@@ -55,8 +55,6 @@ TEST(FileInfos, HandWrittenSectionsNeverCostAnotherItsRecord) {
            Case{"Synonyms=s\nTemplate=t\n", ""},
            Case{"[a]\n\n;x\nSynonyms=s\n synonyms=\nsynonyms=y\n;y\nTemplate=t", "a<s<t "},
            Case{"[a]\rTemplate=x\rSynonyms=s\r[b]\rSynonyms=u\rTemplate=y\r", "a<s<y b<u<y "},
-           Case{"[a]\nTemplate=x\n[b]\nSynonyms=u\nTemplate=y\n", "a<u<y b<u<y "},
-           Case{"[a]\nSynonyms=s\n[b]\n[c]\nSynonyms=u\nTemplate=y\n", "a<s<y b<u<y c<u<y "},
            Case{"[b]\nSynonyms=u\nTemplate=y\n[a]\nTemplate=x\nSynonyms=s\n", "b<u<y a<s<x "},
            Case{"[b]\nSynonyms=u\nTemplate=y\n[a]\nSynonyms=s", "b<u<y a<s< "},
            Case{"[b]\nSynonyms=u\nTemplate=y\n[a]\n[c]\nTemplate=t\n", "b<u<y c<<t "},

@@ -53,15 +53,6 @@ TEST(Model, DelimetersAreWholeCharactersWithTheirCase) {
   for (const char* no : {"", "X", "É", "ê", "ax", "\n"}) EXPECT_FALSE(fields.IsDelimeter(no)) << no;
 }
 
-TEST(Model, OnlyNumbersOfRealColoursDraw) {
-  TemplateFields fields;
-  fields.Colours = {0, NoColour, 0xFFFFFF};
-  const std::vector<std::pair<int, bool>> cases = {{-1, false}, {0, false}, {1, true},
-                                                   {2, false},  {3, true},  {4, false}};
-  for (const auto& [number, draws] : cases)
-    EXPECT_EQ(fields.HasColour(static_cast<std::int16_t>(number)), draws) << number;
-}
-
 TEST(Model, ExtensionsOfAList) {
   struct Case {
     const char *List, *Extension;

@@ -59,11 +59,6 @@ bool TemplateFields::IsDelimeter(std::string_view text) const {
   return std::find(Delimeters.begin(), Delimeters.end(), first) != Delimeters.end();
 }
 
-bool TemplateFields::HasColour(std::int16_t number) const {
-  return number >= 1 && static_cast<std::size_t>(number) <= Colours.size() &&
-         IsColour(Colours[static_cast<std::size_t>(number) - 1]);
-}
-
 std::vector<std::string> ExtensionsOf(std::string_view list) {
   if (list.find(';') == std::string_view::npos) return {std::string(list)};
   std::vector<std::string> extensions;

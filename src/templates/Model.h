@@ -124,9 +124,6 @@ struct TemplateFields {
 
   /// Whether the first character of `text` is one of Delimeters, letter case counting; false for "".
   bool IsDelimeter(std::string_view text) const;
-
-  /// Whether a colour number draws a colour: it lies in Colours, and the entry there is one.
-  bool HasColour(std::int16_t number) const;
 };
 
 /// The template file that means "no template".

@@ -61,8 +61,9 @@ void Insert(Units& units, std::size_t position, const Units& inserted) {
   units.insert(std::min(position - 1, units.size()), inserted);
 }
 
+/// A colour word, folded; its characters are as many as before.
 struct LiteralWord {
-  Units StartWord, EndWord, FoldedStart, FoldedEnd;
+  Units StartWord, EndWord;
   int EndPoint, Colour;
   bool IncludeWord, HoldsDelimeter;
 };
@@ -103,6 +104,15 @@ class LiteralTemplate {
     return word.HoldsDelimeter || StandsAlone(units, q, word.StartWord.size());
   }
 
+  /// The words that occur at all: what is inserted into rich text holds no others.
+  std::vector<const LiteralWord*> WordsIn(const Units& units) const {
+    const Units folded = CaseFold(units);
+    std::vector<const LiteralWord*> words;
+    for (const LiteralWord& word : ColWords)
+      if (InStr(1, folded, word.StartWord) > 0) words.push_back(&word);
+    return words;
+  }
+
   /// Reads the colours back: a character has the colour of the last switch before it.
   std::vector<int> ColoursOf(const Units& units) const {
     static const Units Switch = MarkedUnits("\\cf", Code);
@@ -130,32 +140,17 @@ class LiteralTemplate {
   }
 
   void AddWord(const templates::colWord& word) {
-    LiteralWord literal{tests::FromUtf8(word.StartWord),
-                        tests::FromUtf8(word.EndWord),
-                        {},
-                        {},
-                        word.EndPoint,
-                        word.Colour,
-                        word.IncludeWord,
-                        false};
-    literal.FoldedStart = CaseFold(literal.StartWord);
-    literal.FoldedEnd = CaseFold(literal.EndWord);
-    const auto isDelimeter = [this](char32_t unit) { return IsDelimeter(unit); };
-    literal.HoldsDelimeter = std::any_of(literal.StartWord.begin(), literal.StartWord.end(), isDelimeter);
-    ColWords.push_back(std::move(literal));
+    const Units start = tests::FromUtf8(word.StartWord);
+    const bool holdsDelimeter =
+        std::any_of(start.begin(), start.end(), [this](char32_t unit) { return IsDelimeter(unit); });
+    ColWords.push_back({CaseFold(start), CaseFold(tests::FromUtf8(word.EndWord)), word.EndPoint, word.Colour,
+                        word.IncludeWord, holdsDelimeter});
   }
 
   bool m_caseSensitive;
   int m_colours;
   Units m_delimeters;
 };
-
-/// Removes the entries at the ascending indexes `dropped`.
-template <typename Entry>
-void Drop(std::vector<Entry>& entries, const std::vector<std::size_t>& dropped) {
-  for (auto index = dropped.rbegin(); index != dropped.rend(); ++index)
-    entries.erase(entries.begin() + static_cast<std::ptrdiff_t>(*index));
-}
 
 /// Where the run of `word` ends whose switch of `switchLength` units stands at `a`; 0 if it finds no end. `folded` is
 /// `units` folded, the switch included.
@@ -164,16 +159,15 @@ std::size_t EndPosition(const Units& units, const Units& folded, const LiteralWo
   if (word.EndPoint == 0) return a + switchLength + word.StartWord.size();
   if (word.EndPoint == 1) return InStr(a, units, Paragraph);
   if (word.EndPoint != 2) return 0;
-  const std::size_t e = InStr(a, folded, word.FoldedEnd);
+  const std::size_t e = InStr(a, folded, word.EndWord);
   return word.IncludeWord && e >= 1 ? e + word.EndWord.size() : e;
 }
 
 /// The colour loop of the whole document.
 class WholePass {
  public:
-  WholePass(const LiteralTemplate& literal, Units body) : m_template(literal), m_r(std::move(body)) {
-    for (const LiteralWord& word : literal.ColWords) m_words.push_back(&word);
-  }
+  WholePass(const LiteralTemplate& literal, Units body)
+      : m_template(literal), m_r(std::move(body)), m_words(literal.WordsIn(m_r)) {}
 
   Units Run() {
     while (m_p != 0 && Round()) {
@@ -184,26 +178,15 @@ class WholePass {
  private:
   bool Round() {
     const Units f = m_template.CaseFold(m_r);
-    std::size_t best = m_r.size() + 1, bi = 0;
-    std::vector<std::size_t> dropped;
-    for (std::size_t i = 0; i < m_words.size(); ++i) {
-      const LiteralWord& word = *m_words[i];
-      std::size_t q = InStr(m_p, f, word.FoldedStart);
-      // Only a word that occurs no more is dropped: one that does not count yet may count behind a later switch.
-      if (q == 0) dropped.push_back(i);
-      while (q >= 1 && q < best) {
-        if (m_template.Counts(m_r, q, word)) {
-          best = q;
-          bi = i;
-          break;
-        }
-        q = InStr(q + 1, f, word.FoldedStart);
-      }
+    std::size_t best = m_r.size() + 1;
+    const LiteralWord* found = nullptr;
+    for (const LiteralWord* word : m_words) {
+      std::size_t q = InStr(m_p, f, word->StartWord);
+      while (q >= 1 && q < best && !m_template.Counts(m_r, q, *word)) q = InStr(q + 1, f, word->StartWord);
+      if (q >= 1 && q < best) best = q, found = word;
     }
-    if (best == m_r.size() + 1) return false;
-    Colour(*m_words[bi], best);
-    Drop(m_words, dropped);
-    return true;
+    if (found) Colour(*found, best);
+    return found != nullptr;
   }
 
   void Colour(const LiteralWord& word, std::size_t a) {
@@ -229,11 +212,9 @@ class LinePass {
       : m_template(literal),
         m_piece(std::move(piece)),
         m_f(literal.CaseFold(m_piece)),
+        m_words(literal.WordsIn(m_piece)),
         m_closeAtLineEnd(closeAtLineEnd),
-        m_result(result) {
-    for (const LiteralWord& word : literal.ColWords) m_words.push_back(&word);
-    for (const Units& word : literal.Capturing) m_actions.push_back(&word);
-  }
+        m_result(result) {}
 
   Units Run() {
     while (!m_result.StaysOpen && Round()) {
@@ -243,29 +224,22 @@ class LinePass {
 
  private:
   bool Round() {
-    std::size_t best = m_piece.size() + 1, bi = 0;
-    bool isAction = false;
-    std::vector<std::size_t> dropped, droppedActions;
-    for (std::size_t i = 0; i < m_actions.size(); ++i) {
-      const Units& name = *m_actions[i];
+    std::size_t best = m_piece.size() + 1;
+    const Units* action = nullptr;
+    const LiteralWord* found = nullptr;
+    for (const Units& name : m_template.Capturing) {
       const std::size_t q = InStr(m_pa, m_f, name);
-      if (q >= 1 && q <= best && m_template.StandsAlone(m_piece, q, name.size())) best = q, bi = i, isAction = true;
-      if (q == 0) droppedActions.push_back(i);
+      if (q >= 1 && q <= best && m_template.StandsAlone(m_piece, q, name.size())) best = q, action = &name;
     }
-    for (std::size_t i = 0; i < m_words.size(); ++i) {
-      const std::size_t q = InStr(m_p, m_f, m_words[i]->FoldedStart);
-      if (q >= 1 && q < best && m_template.Counts(m_piece, q, *m_words[i])) best = q, bi = i, isAction = false;
-      if (q == 0) dropped.push_back(i);
+    for (const LiteralWord* word : m_words) {
+      const std::size_t q = InStr(m_p, m_f, word->StartWord);
+      if (q >= 1 && q < best && m_template.Counts(m_piece, q, *word)) best = q, found = word;
     }
-    if (best == m_piece.size() + 1) return false;
-    if (isAction) {
-      Capture(*m_actions[bi], best);
-      Drop(m_actions, droppedActions);
-    } else {
-      Colour(*m_words[bi], best);
-      Drop(m_words, dropped);
-    }
-    return true;
+    if (found)
+      Colour(*found, best);
+    else if (action)
+      Capture(*action, best);
+    return found || action;
   }
 
   void Colour(const LiteralWord& word, std::size_t a) {
@@ -330,10 +304,9 @@ class LinePass {
 
   const LiteralTemplate& m_template;
   Units m_piece, m_f;
+  std::vector<const LiteralWord*> m_words;
   bool m_closeAtLineEnd;
   LiteralResult& m_result;
-  std::vector<const LiteralWord*> m_words;
-  std::vector<const Units*> m_actions;
   std::size_t m_p = 1, m_pa = 1;
 };
 

@@ -120,7 +120,7 @@ TEST_F(PopupKeys, APopupStandsAtItsWordHoweverFarTheTypistIs) {
   };
   for (const Case& c : {Case{"x doc.", 6}, Case{"doc.pr", 4}, Case{"doc.pr,", -1}, Case{"doc.\b x", -1}, Case{"d.", 2},
                         Case{"doc(", 0}, Case{"x DOC(a, ", 2}, Case{"d(", 0}, Case{"\xC3\xA9 doc(\xE2\x82\xAC", 3},
-                        Case{"dox(", -1}, Case{"doc(d.pr", 6}}) {
+                        Case{"dox(", -1}, Case{"doc.,d.", 7}, Case{"doc(d.pr", 6}}) {
     SCOPED_TRACE(c.Typed);
     Text().SetText("");
     const QString keys = QString::fromUtf8(c.Typed);

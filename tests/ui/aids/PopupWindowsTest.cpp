@@ -157,6 +157,10 @@ TEST_F(PopupWindows, OneListForAllDocuments) {
   m_prompts.ExpectClosing("b.js", platform::PromptAnswer::Cancel);
   m_frame.ActiveDocument()->parentWidget()->close();
   EXPECT_FALSE(List().isVisible());
+  Play("<Backspace>.");
+  EXPECT_TRUE(List().isVisible());
+  delete m_frame.ActiveDocument()->parentWidget();
+  EXPECT_EQ(List().OwnerWin(), nullptr) << "a document that goes leaves no list behind";
 }
 
 class LongList : public PopupWindows {

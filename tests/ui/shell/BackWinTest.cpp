@@ -33,6 +33,20 @@ TEST_F(FrameTest, EveryCommandHasItsAction) {
   EXPECT_EQ(m_frame.WaitingCommands(), std::vector<std::string>());
 }
 
+TEST_F(FrameTest, TypingThatPausesCanBeUndoneAndRedoneByTheirKeys) {
+  platform::qt::RichTextBox& area = Open("a.js", "var a;\n").TextArea();
+  QTest::keyClick(area.viewport(), Qt::Key_X);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return Tool("miUndo").isEnabled(); })) << "half a second later it is a record";
+  QTest::keyClick(area.viewport(), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(area.Text(), "var a;\n");
+  QTest::keyClick(area.viewport(), Qt::Key_Y, Qt::ControlModifier);
+  EXPECT_EQ(area.Text(), "xvar a;\n");
+  Open("b.js", "other\n");
+  EXPECT_FALSE(Tool("miUndo").isEnabled()) << "each document has a history of its own";
+  m_prompts.ExpectClosing("a.js", PromptAnswer::No);
+  m_frame.close();
+}
+
 TEST_F(FrameTest, AFileThatDoesNotExistOpensNothing) {
   m_prompts.Expect({.Text = "/no/such/file.js does not exist.",
                     .Title = "Error opening file...",

@@ -74,6 +74,17 @@ TEST_F(FrameWindowsTest, ClosingAllStopsAtTheFirstThatStays) {
   EXPECT_EQ(m_windows.Active(), nullptr);
 }
 
+TEST_F(FrameWindowsTest, TilesLieAboveOrBesideEachOther) {
+  const Child *behind = Add("a"), *front = Add("b");
+  for (const bool vertically : {false, true}) {
+    vertically ? m_windows.TileVertically() : m_windows.TileHorizontally();
+    const QRect first = Window(front)->geometry(), second = Window(behind)->geometry();
+    EXPECT_EQ(first.topLeft(), QPoint(0, 0));
+    EXPECT_EQ(second.topLeft(), vertically ? QPoint(first.width(), 0) : QPoint(0, first.height()));
+    EXPECT_EQ(first | second, m_windows.viewport()->rect());
+  }
+}
+
 TEST_F(FrameWindowsTest, CascadedWindowsAreLargeAndShowTheirTitles) {
   std::vector<Child*> children;
   for (const char* name : {"a", "b", "c"}) children.push_back(Add(name));
@@ -103,12 +114,10 @@ TEST_F(FrameWindowsTest, IconsStandInARowAndOutOfTheTilesWay) {
   EXPECT_EQ(std::max(one.left(), two.left()), one.width());
   EXPECT_EQ(one.bottom(), m_windows.viewport()->rect().bottom());
   EXPECT_EQ(two.top(), one.top());
-  for (const bool vertically : {false, true}) {
-    vertically ? m_windows.TileVertically() : m_windows.TileHorizontally();
-    EXPECT_FALSE(Window(third)->isMaximized());
-    EXPECT_FALSE(Window(third)->geometry().intersects(Window(first)->geometry()));
-    EXPECT_TRUE(Window(first)->isMinimized());
-  }
+  m_windows.TileVertically();
+  EXPECT_FALSE(Window(third)->isMaximized());
+  EXPECT_FALSE(Window(third)->geometry().intersects(Window(first)->geometry()));
+  EXPECT_TRUE(Window(first)->isMinimized());
   m_windows.Activate(shell::WindowKey(*m_windows.Windows()[0]));
   EXPECT_FALSE(Window(first)->isMinimized());
 }

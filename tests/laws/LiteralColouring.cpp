@@ -23,7 +23,7 @@ bool EndsLine(char32_t unit) {
 
 Units MarkedUnits(std::string_view ascii, char32_t marks) {
   Units units;
-  for (const char c : ascii) units += static_cast<unsigned char>(c) | marks;
+  for (const char c : ascii) units += static_cast<char32_t>(static_cast<unsigned char>(c) | marks);
   return units;
 }
 

@@ -13,7 +13,6 @@
 
 namespace {
 
-using shell::ui::ChildIn;
 using shell::ui::FrameWindows;
 
 class Child : public QWidget, public tests::FakeChild {

@@ -63,7 +63,7 @@ bool Document::Restore(const JournalContent& content) {
   m_control.SetSelStart(content.Caret);
   m_state.CurFileName = head.Path;
   if (!head.Path.empty()) m_window.SetCaption(platform::FileNameOf(head.Path));
-  SetSaved(false);
+  SetUnsaved();
   const bool safe = m_recovery.Restored(content);
   UpdateStatus();
   ColourScan();
@@ -84,6 +84,7 @@ void Document::SetTextUnrecorded(std::string_view text) {
   const ProgramChange change(m_state);
   m_control.SetText(text);
   m_state.LineCount = m_control.LineCount();
+  if (m_state.Saved) m_undo.MarkSaved();
 }
 
 void Document::CheckFile() {
@@ -91,7 +92,7 @@ void Document::CheckFile() {
   const FileOnDisk::Verdict verdict = m_file.LookForChanges(m_state.Saved);
   if (verdict == FileOnDisk::Verdict::Nothing) return;
   if (verdict == FileOnDisk::Verdict::Reload && Reload()) return;
-  SetSaved(false);
+  SetUnsaved();
   m_recovery.LostFile();
   if (verdict == FileOnDisk::Verdict::SaveAgain) SaveFile(m_state.CurFileName);
 }
@@ -127,7 +128,10 @@ bool Document::SaveFile(const std::string& path) {
   std::string target = path;
   const bool asks = path.empty();
   if (asks && !AskForName(target)) return false;
-  if (!m_file.Save(target, m_control.Text())) return false;
+  if (!m_file.Save(target, m_control.Text())) {
+    m_undo.ForgetSaved();  // the file may hold another program's text now
+    return false;
+  }
   m_recovery.Settled(m_file.Identity());
   if (asks || target != m_state.CurFileName) {
     m_state.CurFileName = target;
@@ -138,8 +142,15 @@ bool Document::SaveFile(const std::string& path) {
   return true;
 }
 
+/// Nor is it saved when undo has led back to where it was.
+void Document::SetUnsaved() {
+  m_undo.ForgetSaved();
+  SetSaved(false);
+}
+
 void Document::SetSaved(bool saved) {
   m_state.Saved = saved;
+  if (saved) m_undo.MarkSaved();
   if (m_window.IsActive()) m_frame.EnableTool("save", !saved);
   m_frame.UpdateWindowTabs();
 }
@@ -248,11 +259,19 @@ void Document::WordWrap(bool on) {
 }
 
 void Document::Undo() {
-  if (!Busy()) m_undo.Undo();
+  if (Busy()) return;
+  m_undo.Undo();
+  NoteWhetherSaved();
 }
 
 void Document::Redo() {
-  if (!Busy()) m_undo.Redo();
+  if (Busy()) return;
+  m_undo.Redo();
+  NoteWhetherSaved();
+}
+
+void Document::NoteWhetherSaved() {
+  if (!m_state.Saved && m_undo.AtSaved()) SetSaved(true);
 }
 
 void Document::EnableUndoTools() {
@@ -325,7 +344,10 @@ bool Document::CancelColouring() {
 
 bool Document::KeyDown(int keyCode, int shift) {
   m_state.KeyTyped = false;
-  return m_popups->KeyDown(keyCode, shift) || m_undo.TakesKey(keyCode, shift) || m_keys.KeyDown(keyCode, shift);
+  if (m_popups->KeyDown(keyCode, shift)) return true;
+  if (!m_undo.TakesKey(keyCode, shift)) return m_keys.KeyDown(keyCode, shift);
+  NoteWhetherSaved();
+  return true;
 }
 
 // The character has been typed by now, and what moves the caret next, a command perhaps, is no typing.

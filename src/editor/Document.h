@@ -113,6 +113,8 @@ class Document : public platform::TextControlEvents {
   void ShowSize();
   void EnableSelectionTools();
   void SetSaved(bool saved);
+  void SetUnsaved();
+  void NoteWhetherSaved();
   void EnableUndoTools();
   bool AskForName(std::string& path);
   bool Reload();

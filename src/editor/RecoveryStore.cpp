@@ -93,7 +93,7 @@ std::vector<DeadJournal> RecoveryStore::TakeDead(std::vector<std::string>& probl
     if (!name.ends_with(JournalSuffix)) continue;
     std::string problem;
     if (std::optional<DeadJournal> journal = DeadJournal::Take(path, problem)) journals.push_back(std::move(*journal));
-    if (!problem.empty()) problems.push_back(path + ": " + problem);
+    if (!problem.empty()) problems.push_back((path + ": ").append(problem));
   }
   return journals;
 }

@@ -131,6 +131,7 @@ void UndoHistory::RecordChange(const TextChange& change) {
     // What was pending still holds, but can no longer be compared: the text that it was made in is gone.
     if (const auto pending = std::exchange(m_pending, std::nullopt))
       PushRecord({pending->Start, pending->Inserted, pending->Removed});
+    ForgetSaved();
     return m_tmrWait->SetInterval(0);
   }
   if (m_pending)
@@ -138,6 +139,11 @@ void UndoHistory::RecordChange(const TextChange& change) {
   else
     m_pending = change;
   m_recordNow ? CommitPending() : m_tmrWait->SetInterval(MergeMilliseconds);
+}
+
+void UndoHistory::MarkSaved() {
+  CommitPending();
+  m_savedAt = m_undoStack.size();
 }
 
 void UndoHistory::tmrWait_ThatTime() {
@@ -153,8 +159,10 @@ void UndoHistory::CommitPending() {
 
 void UndoHistory::PushRecord(cUndoElement record) {
   std::vector<cUndoElement>& stack = m_state.Mode == UndoMode::Undoing ? m_redoStack : m_undoStack;
+  const bool isEdit = &stack == &m_undoStack && !m_redoing;
+  if (isEdit && m_savedAt > stack.size()) ForgetSaved();  // what led there is gone
   stack.push_back(std::move(record));
-  const bool emptiesRedo = &stack == &m_undoStack && !m_redoing && !m_redoStack.empty();
+  const bool emptiesRedo = isEdit && !m_redoStack.empty();
   if (emptiesRedo) m_redoStack.clear();
   if (emptiesRedo || stack.size() == 1) m_stacksChanged();
 }

@@ -53,6 +53,13 @@ class UndoHistory {
   /// the key was one of them.
   bool TakesKey(int keyCode, int shift);
 
+  /// The text is as it was saved or read. Files what is pending, so that undo and redo can lead back here.
+  void MarkSaved();
+  /// No text that undo and redo lead to is a saved one.
+  void ForgetSaved() { m_savedAt.reset(); }
+  /// Whether undo and redo have led to the saved text.
+  bool AtSaved() const { return !m_pending && m_savedAt == m_undoStack.size(); }
+
   /// The timer's event: files the pending record.
   void tmrWait_ThatTime();
 
@@ -71,6 +78,7 @@ class UndoHistory {
   std::function<void()> m_stacksChanged;
   ViewKeeper m_view;
   std::vector<cUndoElement> m_undoStack, m_redoStack;
+  std::optional<std::size_t> m_savedAt = 0;  ///< how many records the undo stack has where the text is the saved one
   std::optional<platform::TextChange> m_pending;  ///< all that changed since the last recorded point, as one change
   bool m_recordNow = false;                       ///< a record is being applied: its inverse is filed at once
   bool m_redoing = false;

@@ -76,7 +76,8 @@ std::string ShortenPath(std::string_view path, int maximum) {
     rest = FolderOf(rest);
     if (CharactersIn(name) + CharactersIn(result) >= budget || rest.empty()) break;
     rest.pop_back();
-    result = result.empty() ? name : name + separator + result;
+    if (!result.empty()) name += separator;
+    result.insert(0, name);
   }
   if (isFileName) return dots + name;
   const int room = budget - CharactersIn(result) - 3;

@@ -18,7 +18,7 @@ struct FieldDesign {
   std::string EditorTemplate::*General = nullptr;
   std::string ColourLists::*Colours = nullptr;
   std::optional<Button> Add = {};
-  std::string_view Forbidden = "";
+  std::string_view Forbidden = {};
 };
 
 FieldDesign DesignOf(TextField field) {

@@ -206,7 +206,7 @@ class Tools(desktop.Path):
             self.editor.wait_keyboard()
             self.desktop.keys("ctrl+Home", "ctrl+z")
             self.editor.wait_text(TEXT)
-            self.look(changed - {"undo"} | {"redo"}, "Plain text", ["one.js"], ["Fixed Width", "Word Wrap"])
+            self.look(changed - {"undo", "changed"} | {"redo"}, "Plain text", ["one.js"], ["Fixed Width", "Word Wrap"])
         with self.step("a template editor in front"):
             self.editor.choose("File", "New", "Template")
             self.editor.wait_title("Untitled (Template)")

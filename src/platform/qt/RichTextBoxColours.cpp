@@ -1,7 +1,5 @@
 // How the text control keeps its colours: as style bytes of the editing component.
 
-#include <QScrollBar>
-#include <QSignalBlocker>
 #include <algorithm>
 #include <iterator>
 #include <optional>
@@ -20,13 +18,14 @@ constexpr std::size_t ReadChunk = 64 * 1024;
 // Shorter stretches are painted sooner than a view is moved.
 constexpr std::size_t LongStretch = 64 * 1024;
 
-/// Shows the end of the text for as long as it lives, without a sign of it on the screen or to a listener. For every
-/// run painted at or below the first line shown the component searches the lines that it touches, to have them drawn
-/// again; above that line it has the whole view drawn again, which costs next to nothing. That is a third of the time.
+/// Shows the end of the text for as long as it lives, without a sign of it on the screen; the component tells nobody
+/// that its scroll bar moved. For every run painted at or below the first line shown it searches the lines that the run
+/// touches, to have them drawn again; above that line it has the whole view drawn again, which costs next to nothing.
+/// That is a third of the time.
 class ViewAtEnd {
  public:
   explicit ViewAtEnd(const QsciScintillaBase& view)
-      : m_view(view), m_silence(view.verticalScrollBar()), m_line(view.SendScintilla(view.SCI_GETFIRSTVISIBLELINE)) {
+      : m_view(view), m_line(view.SendScintilla(view.SCI_GETFIRSTVISIBLELINE)) {
     if (m_updates) view.viewport()->setUpdatesEnabled(false);  // the toolkit notes each request to draw
     Show(view.SendScintilla(view.SCI_GETLINECOUNT));
   }
@@ -41,7 +40,6 @@ class ViewAtEnd {
   void Show(long line) const { m_view.SendScintilla(m_view.SCI_SETFIRSTVISIBLELINE, line); }
 
   const QsciScintillaBase& m_view;
-  const QSignalBlocker m_silence;
   const bool m_updates = m_view.viewport()->updatesEnabled();
   const long m_line;
 };

@@ -57,11 +57,16 @@ TEST_F(FileOnDiskTest, AnAnswerHoldsForOneStateOfTheFile) {
   m_folder.Write("file", "theirs");
   Expect(Changed + std::string("  Reload it?"), PromptAnswer::Yes, PromptAnswer::No);
   m_document.CheckFile();
+  Append("!");
+  m_document.Undo();
   EXPECT_FALSE(m_document.State().Saved) << "the text is in no file now";
   m_document.CheckFile();
   const std::string overwrite = Changed + std::string("  Overwrite it with the text of this window?");
   Expect(overwrite, PromptAnswer::No, PromptAnswer::No);
   EXPECT_FALSE(Save());
+  m_document.Redo();
+  m_document.Undo();
+  EXPECT_FALSE(m_document.State().Saved);
   EXPECT_EQ(m_folder.Read("file"), "theirs");
   m_folder.Write("file", "theirs too");
   Expect(overwrite, PromptAnswer::No, PromptAnswer::No);

@@ -133,6 +133,33 @@ TEST(UndoHistoryLaws, RecordsAreThoseOfComparingWholeTextsAndBothEndsComeBack) {
   EXPECT_GT(records, edits / 8);
 }
 
+// A text that counts as saved and is not would be closed without a question.
+TEST(UndoHistoryLaws, AtSavedIsTheSavedTextAndUndoLeadsBackToIt) {
+  std::size_t returns = 0;
+  for (std::uint64_t seed = laws::FirstSeed(); seed < laws::FirstSeed() + laws::Runs(500); ++seed) {
+    Author author(seed);
+    Listener of;
+    std::optional<std::string> saved = "";
+    for (int step = 0; step < 40; ++step) {
+      const std::size_t action = author.Dice().Below(20);
+      if (action < 7) author.Edit(of.m_control);
+      if (action < 3 || action == 8) of.m_timer->Fire();
+      if (action >= 9 && action < 14) of.m_history.Undo();
+      if (action >= 14 && action < 18) of.m_history.Redo();
+      if (action == 18) of.m_history.MarkSaved(), saved = of.m_control.Text();
+      if (action == 19 && author.Dice().Chance(20)) of.m_history.ForgetSaved(), saved.reset();
+      if (!of.m_history.AtSaved()) continue;
+      ASSERT_TRUE(saved && of.m_control.Text() == *saved) << "seed " << seed << ", step " << step;
+      returns += action >= 9 && action < 18;
+    }
+    of.m_history.MarkSaved();
+    of.m_control.SetSelText("edit");
+    of.m_history.Undo();
+    ASSERT_TRUE(of.m_history.AtSaved()) << "seed " << seed;
+  }
+  EXPECT_GT(returns, laws::Runs(500));
+}
+
 class UndoTest : public tests::DocumentFixture {
  protected:
   void Pause() { m_frame.Timers.front()->Fire(); }
@@ -157,6 +184,7 @@ TEST_F(UndoTest, ABurstOfTypingIsOneStepAndTheToolsFollowTheStacks) {
   m_document.Undo();
   EXPECT_EQ(m_control.Text(), "");
   EXPECT_EQ(Tools(), "undo off, redo on");
+  EXPECT_TRUE(m_document.State().Saved);
   m_document.Undo();
   m_document.Redo();
   m_document.Redo();
@@ -173,6 +201,21 @@ TEST_F(UndoTest, ANewEditEmptiesTheRedoHistory) {
   m_document.Redo();
   EXPECT_EQ(m_control.Text(), "two") << "the edit was there before the redo";
   EXPECT_EQ(Tools(), "undo on, redo off");
+}
+
+TEST_F(UndoTest, UndoAndRedoLeadBackToTheSavedText) {
+  const std::string path = Open("text");
+  m_control.Type("a");
+  ASSERT_TRUE(m_document.SaveFile(path));
+  m_control.Type("b");
+  EXPECT_FALSE(State().Saved);
+  EXPECT_TRUE(m_control.Press('Z', platform::Shift::Ctrl));
+  EXPECT_TRUE(State().Saved);
+  EXPECT_FALSE(m_frame.Enabled.at("save"));
+  m_document.Undo();
+  EXPECT_FALSE(State().Saved) << "this is what was read, and no longer what is in the file";
+  m_document.Redo();
+  EXPECT_TRUE(State().Saved);
 }
 
 TEST_F(UndoTest, ControlZTakesBackWhatIsOnlyPending) {

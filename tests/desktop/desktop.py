@@ -234,6 +234,10 @@ class Window(Element):
         super().__init__(accessible)
         self.desktop = desktop
 
+    def part(self, role, name):
+        """A group of fields, a page or the like, used in the same way."""
+        return Window(self.find(role, name)._accessible, self.desktop)
+
     def press(self, button):
         self.desktop.click(self.find("push button", button))
 

@@ -35,6 +35,7 @@ class Templates(desktop.Path):
             editor.dialog("Save Script").fill("File name:", str(kept))
             self.desktop.keys("Return")
             editor.wait_title("Recipes.def")
+            desktop.wait(kept.exists, "the template on the disk")
             self.desktop.keys("ctrl+q")
             editor.wait_end()
         with self.step("its files are coloured by it"):
@@ -54,6 +55,60 @@ class Templates(desktop.Path):
             editor.choose("File", "New", "Recipes")
             editor.wait_title("Untitled")
             editor.wait_status("Using 'Recipes' Template")
+
+    def test_a_template_is_made_in_the_template_editor(self):
+        kept = self.home / ".local/share/quillmark/Rules.def"
+        with self.step("name and extension"):
+            editor = self.start(title="Untitled")
+            editor.choose("File", "New", "Template")
+            editor.wait_title("Untitled (Template)")
+            form = editor.frame
+            form.fill("Template Name", "Rules")
+            form.fill("Default Extension", "rule")
+        with self.step("a colour and a word in it"):
+            self.desktop.click(form.find("page tab", "Colour Words"))
+            palette = form.part("panel", "Colour Palette")
+            palette.fill("Name", "Red")
+            palette.fill("Colour", "#0000FF")
+            palette.press("Add colour")
+            words = form.part("panel", "Colour Words")
+            self.desktop.click(palette.find("list item", "Red"))
+            words.fill("Word", "never")
+            words.check("Includes itself")
+            words.press("Add colour word")
+            words.find("list item", "never")
+        with self.step("an action word with a list"):
+            self.desktop.click(form.find("page tab", "Action Words"))
+            form.part("panel", "Action Words").fill("Word", "do")
+            form.part("panel", "Word Delimeters").fill("Delimiter", ".")
+            form.choose("Show Word List")
+            entries = form.part("panel", "Word List")
+            entries.fill("Word", "nothing")
+            entries.press("Add list entry")
+            form.part("panel", "Word Delimeters").press("Add delimiter")
+            form.part("panel", "Action Words").press("Add action word")
+            form.part("panel", "Action Words").find("list item", "do")
+        with self.step("an initial text"):
+            self.desktop.click(form.find("page tab", "Initial Text"))
+            text = form.find("text", "Initial text")
+            self.desktop.click(text)
+            desktop.wait(lambda: text.has("FOCUSED"), "the keyboard in the initial text")
+            self.desktop.type("never again\n")
+        with self.step("save"):
+            self.desktop.keys("ctrl+s")
+            editor.dialog("Save Template").fill("File name:", str(kept))
+            self.desktop.keys("Return")
+            editor.wait_title("Rules.def (Template)")
+            desktop.wait(kept.exists, "the template on the disk")
+        with self.step("use it at once"):
+            editor.choose("File", "New", "Rules")
+            editor.wait_title("Untitled")
+            editor.wait_keyboard()
+            desktop.wait_equal(lambda: editor.text.split(), ["never", "again"], "the first words of a new file")
+            desktop.wait_equal(lambda: editor.area().colour_at(0), "255,0,0", "the colour of the word")
+            self.desktop.keys("ctrl+End")
+            self.desktop.type("do.")
+            desktop.wait_equal(editor.listed, ["nothing"], "the list of words")
 
 
 if __name__ == "__main__":

@@ -18,7 +18,7 @@ std::string Percent(const std::string& number) {
 
 constexpr const char* Script =
     "D: ()*/\"\nC: #0000FF\nC: #00FF00\n"
-    "L: if 0  1 True\nL: /* 2 */ 2 True\nL: // 1  2 True\n";
+    "L: if 0  1 True\nL: /* 2 */ 2 True\nL: // 1  2 True\nL: \" 2 \" 1 False\nL: call 0  2 False\n";
 
 class ColouringTest : public testing::Test {
  protected:
@@ -162,6 +162,12 @@ TEST_F(ColouringTest, LinesWorkedOutByHand) {
   };
   const Case cases[] = {
       {"if x if", "11...11"},
+      {"elif if", "......."},                        // a round looks at the first occurrence alone
+      {"xif \"a\" if", ".....1..11"},                // and the next one looks again
+      {"\"a\"if", ".1.11"},                          // the end word is skipped, and delimits
+      {"/**//**/ x", "22222222.."},                  // an included one is not skipped
+      {"/*/ x", "222.."},                            // and may share characters with the start word
+      {"call abcdefgh", "....2222....."},            // as many as the word has, from behind it
       {"a // b if", "..2222222"},                    // the last line has no line end of its own
       {"if\nif\nif", "11|??|??"},                    // only the lines given change
       {"if\nif\nx", "..|11|?", 2, 2},                // (the first line has lost its colour by hand)

@@ -54,6 +54,28 @@ Y: "new" "x"
 )FILE"));
 }
 
+TEST(Writer, ANewTemplate) {
+  EXPECT_EQ(WriteTemplate(EditorTemplate{}, "d"), WithCrLf(R"FILE(;Generated using Quillmark 3.1 on d
+
+T: 0
+
+
+H: .hdf
+R: 
+N: New Template
+X: 
+D: ,./*+-=()[]{}#!%?;:
+S: False
+V: 
+A: 
+E: 
+M: 
+F: 1
+
+
+)FILE"));
+}
+
 TEST(Writer, NoValuePassesForARecord) {
   EditorTemplate source;
   source.Comments = "a\r\nN: other";

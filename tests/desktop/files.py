@@ -72,6 +72,24 @@ class Files(desktop.Path):
             editor.wait_title("two.css")
             editor.wait_text(path.read_text())
 
+    def test_a_file_changed_by_another_program_is_asked_about(self):
+        path = self.file("one.js", OLD)
+        with self.step("No, the default answer, keeps what the other has written"):
+            editor = self.start(path, title="one.js")
+            self.desktop.type("x")
+            editor.wait_title("one.js *")
+            path.write_bytes(b"theirs")
+            self.desktop.keys("ctrl+s")
+            question = editor.dialog("Quillmark", saying="has been changed by another program")
+            self.desktop.keys("Return")
+            question.wait_closed("the question")
+            self.assertEqual(path.read_bytes(), b"theirs")
+        with self.step("Yes saves"):
+            editor.wait_keyboard()
+            self.desktop.keys("ctrl+s")
+            editor.dialog("Quillmark", saying="has been changed by another program").press("Yes")
+            self.wait_file(path, "x" + OLD)
+
     def test_a_file_reopened_has_the_template_that_it_was_given(self):
         path = self.file("notes.unheard", "// note\n")
         with self.step("an unknown extension asks for the template"):

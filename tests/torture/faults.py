@@ -21,7 +21,7 @@ def outcome(run, place, result, what):
 
 def every_call_fails(run, in_place, action):
     place = Place(run, in_place)
-    calls = run.calls_of_a_save(place.path, place.text)
+    calls = run.calls_of_a_save(place)
     outcomes = collections.Counter()
     wanted = [call for call in calls if "pwrite" in call.name] if "retval" in action else calls
     for call in wanted[::5] if run.short and len(wanted) > 5 else wanted:
@@ -37,7 +37,7 @@ def every_call_fails(run, in_place, action):
 def always_fails(run, in_place, name, action):
     """From the first such call of the save on, all fail."""
     place = Place(run, in_place)
-    first = next((call for call in run.calls_of_a_save(place.path, place.text) if call.name == name), None)
+    first = next((call for call in run.calls_of_a_save(place) if call.name == name), None)
     if not run.check(first is not None, f"a save {place.kind()} makes no call {name}"):
         return
     place.reset()
@@ -50,7 +50,7 @@ def always_fails(run, in_place, name, action):
 def restoring_fails(run, name, skipped):
     """Writing in place breaks off, and so does putting back: the user is told where the copy is."""
     place = Place(run, True)
-    calls = [call for call in run.calls_of_a_save(place.path, place.text) if call.name == name]
+    calls = [call for call in run.calls_of_a_save(place) if call.name == name]
     place.reset()
     result = run.save(place.path, place.text, strace(calls[skipped], "error=EIO", "+"))
     copies = place.others()

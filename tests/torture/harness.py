@@ -79,10 +79,10 @@ class Run:
         if os.geteuid() != 0:
             raise Skip(f"{what} needs the administrator")
 
-    def calls_of_a_save(self, path, text):
+    def calls_of_a_save(self, place):
         """Every system call of one save, with its ordinal among the process's calls of that name."""
         log = self.root / "trace"
-        self.save(path, text, ["strace", "-o", str(log)])
+        self.save(place.path, place.text, ["strace", "-o", str(log)])
         seen, calls, inside = collections.Counter(), [], False
         for line in log.read_text(errors="replace").splitlines():
             match = re.match(r"(\w+)\(", line)
@@ -104,8 +104,8 @@ def strace(call, action, count=""):
             "-e", f"inject={call.name}:{action}:when={call.ordinal}{count}"]
 
 
-def as_user(user=ORDINARY):
-    return ["setpriv", f"--reuid={user}", f"--regid={user}", "--clear-groups", "--inh-caps=-all", "--bounding-set=-all"]
+def as_user():
+    return ["setpriv", f"--reuid={ORDINARY}", f"--regid={ORDINARY}", "--clear-groups", "--inh-caps=-all", "--bounding-set=-all"]
 
 
 class Conversation:

@@ -43,10 +43,10 @@ class Cases:
         after = sorted(os.listdir(path.parent))
         self.run.check(set(after) - set(before) <= {(real or path).name}, f"{what}: {after} instead of {before}")
 
-    def refuses(self, what, path, reason, prefix=(), lines=None):
+    def refuses(self, what, path, reason, prefix=()):
         """The save fails with the reason; the caller checks what is there."""
         before = sorted(os.listdir(path.parent)) if path.parent.is_dir() else None
-        result = self.run.play(lines or [f"text {self.text}", f"save {path}"], prefix, timeout=10)
+        result = self.run.play([f"text {self.text}", f"save {path}"], prefix, timeout=10)
         self.count += 1
         told = f"asked Could not save {path}  {reason}"
         self.run.check("failed" in result.lines and told in result.lines, f"{what}: {result}, expected: {told}")
@@ -106,6 +106,11 @@ def no_files(cases):
     run.check(f"asked Could not save {path}  No such file or directory" in told, f"a folder that vanished: {told}")
 
 
+def set_list(path, *options):
+    """Gives an access list; False where that cannot be done."""
+    return shutil.which("setfacl") and subprocess.run(["setfacl", *options, str(path)], check=False).returncode == 0
+
+
 def attributes(cases):
     run = cases.run
     for in_place in (False, True):
@@ -114,9 +119,7 @@ def attributes(cases):
         if in_place:
             os.link(path, folder / "second")
         os.setxattr(path, "user.comment", TAG)
-        has_lists = shutil.which("setfacl") and subprocess.run(
-            ["setfacl", "-m", f"u:{ORDINARY}:rw,g:{ORDINARY}:r", str(path)], check=False).returncode == 0
-        if not has_lists:
+        if not set_list(path, "-m", f"u:{ORDINARY}:rw,g:{ORDINARY}:r"):
             run.skip("access lists: setfacl is not there or not permitted")
         os.setxattr(path, "user.empty", b"")
         path.chmod(0o6754)
@@ -130,8 +133,7 @@ def attributes(cases):
         run.check({name: os.getxattr(path, name) for name in os.listxattr(path)} == values, "attributes differ")
         run.check((before.st_ino == after.st_ino) == in_place, "the other way of saving was taken")
     folder = cases.folder()
-    if shutil.which("setfacl") and subprocess.run(["setfacl", "-d", "-m", f"u:{ORDINARY}:rwx", str(folder)],
-                                                  check=False).returncode == 0:
+    if set_list(folder, "-d", "-m", f"u:{ORDINARY}:rwx"):
         path = cases.file(folder)
         os.removexattr(path, "system.posix_acl_access")
         cases.saves("a folder whose list new files inherit", path)
@@ -149,18 +151,14 @@ def owners(cases):
     run = cases.run
     if os.geteuid() != 0 or shutil.which("setpriv") is None:
         raise Skip("files of other users need the administrator and setpriv")
-    foreign = cases.file(cases.folder(), 0o666, owner=1)
-    cases.saves("the administrator saves another's file", foreign)
-    run.check(os.stat(foreign).st_uid == 1, "the administrator has become the owner")
     user = as_user()
-    own = cases.file(cases.folder(), 0o640, owner=ORDINARY)
-    cases.saves("an own file", own, user)
-    foreign = cases.file(cases.folder(), 0o666, owner=1)
-    cases.saves("another's file in an open folder", foreign, user)
-    run.check(os.stat(foreign).st_uid == 1, "another's file has changed hands")
-    sticky = cases.file(cases.folder(0o1777), 0o666, owner=1)
-    cases.saves("another's file in a shared folder", sticky, user)
-    run.check(os.stat(sticky).st_uid == 1, "another's file in a shared folder has changed hands")
+    for what, mode, who in (("the administrator saves another's file", 0o777, ()),
+                            ("another's file in an open folder", 0o777, user),
+                            ("another's file in a shared folder", 0o1777, user)):
+        foreign = cases.file(cases.folder(mode), 0o666, owner=1)
+        cases.saves(what, foreign, who)
+        run.check(os.stat(foreign).st_uid == 1, f"{what}: it has changed hands")
+    cases.saves("an own file", cases.file(cases.folder(), 0o640, owner=ORDINARY), user)
     locked = cases.folder()
     path = cases.file(locked, 0o666, owner=ORDINARY)
     locked.chmod(0o555)

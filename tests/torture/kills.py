@@ -2,15 +2,14 @@
 
 import collections
 import signal
-import subprocess
 import time
 
-from harness import Place, counted, strace
+from harness import Conversation, Place, counted, strace
 
 
 def at_every_call(run, in_place):
     place = Place(run, in_place)
-    calls = run.calls_of_a_save(place.path, place.text)
+    calls = run.calls_of_a_save(place)
     run.check(len(calls) > 10 and place.state() == "new", f"the save that is to be killed does not work: {place.state()}")
     states, left, killed = collections.Counter(), 0, 0
     for call in calls[::4] if run.short else calls:
@@ -29,28 +28,25 @@ def at_every_call(run, in_place):
             f"{counted(states)}; files left beside: {left}")
 
 
-class Looping:
+class Looping(Conversation):
     """A driver that saves one text and another by turns."""
 
     def __init__(self, run, place, first):
-        self.process = subprocess.Popen([run.driver], stdin=subprocess.PIPE, stdout=subprocess.PIPE)
-        self.process.stdin.write(f"open {place.path}\nloop {place.path} {place.text} {first}\n".encode())
-        self.process.stdin.flush()
+        super().__init__(run)
+        self.send(f"loop {place.path} {place.text} {first}")
 
     def wait(self, word):
-        for line in self.process.stdout:
-            if line.strip() == word.encode():
-                return time.monotonic()
+        """The time at which the driver has said this."""
+        while self.process.stdout.readline().strip() not in (word, ""):
+            pass
         return time.monotonic()
 
     def kill(self):
         """True when it was killed inside a save."""
         self.process.kill()
         lines = self.process.stdout.read().split()
-        self.process.stdin.close()
-        self.process.stdout.close()
-        self.process.wait()
-        return not lines or lines[-1] == b"begin"
+        self.end()
+        return not lines or lines[-1] == "begin"
 
 
 def seconds_of_a_save(run, place, first):

@@ -62,7 +62,7 @@ def interfere(run, place, call, change, answer):
 
 def during_the_save(run, in_place):
     count = 0
-    calls = run.calls_of_a_save(*(lambda place: (place.path, place.text))(Place(run, in_place)))
+    calls = run.calls_of_a_save(Place(run, in_place))
     # The new file has its name before the rename; the copy stands before it is synced.
     held = next(call for call in calls if call.name == ("fsync" if in_place else "renameat2"))
     names = ["appended", "replaced"] if run.short else list(CHANGES)
@@ -86,7 +86,7 @@ def born_meanwhile(run):
     """A file that appears under the name of a new one."""
     place = Place(run, False)
     place.path.unlink()
-    calls = run.calls_of_a_save(place.path, place.text)
+    calls = run.calls_of_a_save(place)
     place.path.unlink()
     held = next(call for call in calls if call.name == "linkat")
     talk = Conversation(run, strace(held, "delay_enter=700000"))

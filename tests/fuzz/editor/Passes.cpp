@@ -1,14 +1,10 @@
 // A template and, behind a zero byte, a text: the passes must give what the literal rules give.
 
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
-#include <string>
-
 #include "Comparison.h"
 #include "LiteralColouring.h"
 #include "rich_text/Encoding.h"
 #include "templates/Loader.h"
+#include "tests/fuzz/Fuzzer.h"
 
 namespace {
 
@@ -23,10 +19,9 @@ bool DelimetersHaveCase(const templates::TemplateFields& fields) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string bytes(reinterpret_cast<const char*>(data), size);
+void fuzz::Try(const std::string& bytes) {
   const std::size_t zero = bytes.find('\0');
-  if (zero == std::string::npos) return 0;
+  if (zero == std::string::npos) return;
   const std::string source = rich_text::DecodeText(bytes.substr(0, zero)).Text;
   const std::string text = rich_text::DecodeText(bytes.substr(zero + 1)).Text;
   templates::CollectedMessages messages;
@@ -34,14 +29,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   std::string helpFile;
   templates::LoadTemplateText(source, "x.def", fields, {}, messages, helpFile);
   const editor::ColourPass pass(fields);
-  if (!laws::FaultOfRuns(text, pass.Whole(text)).empty()) std::abort();
+  Require(laws::FaultOfRuns(text, pass.Whole(text)).empty());
   constexpr std::size_t OneIn = 8;  // threads take longer than the rest
-  if (text.size() % OneIn == 0 && pass.Whole(text, {}, 3) != pass.Whole(text, {}, 1)) std::abort();
-  if (text.size() > LongestText || fields.ColWords.Count() > MostWords) return 0;
-  if (laws::FastWhole(fields, text) != laws::LiteralWhole(fields, text)) std::abort();
+  Require(text.size() % OneIn != 0 || pass.Whole(text, {}, 3) == pass.Whole(text, {}, 1));
+  if (text.size() > LongestText || fields.ColWords.Count() > MostWords) return;
+  Require(laws::FastWhole(fields, text) == laws::LiteralWhole(fields, text));
   // What is captured from folded text is not told where delimiters change by folding.
-  if (!fields.CaseSensitive && fields.Words.Count() > 0 && DelimetersHaveCase(fields)) return 0;
+  if (!fields.CaseSensitive && fields.Words.Count() > 0 && DelimetersHaveCase(fields)) return;
   for (const bool close : {false, true})
-    if (laws::FastLines(fields, text, close) != laws::LiteralLines(fields, text, close)) std::abort();
-  return 0;
+    Require(laws::FastLines(fields, text, close) == laws::LiteralLines(fields, text, close));
 }

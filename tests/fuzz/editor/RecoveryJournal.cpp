@@ -1,20 +1,18 @@
-// Feeds any bytes to the reader of journals: as a journal, and as the contents of records whose checksums are right, so
-// that what stands behind the checksums is reached too.
-
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
-#include <cstring>
-#include <string>
-#include <string_view>
+// The reader of journals: any bytes as a journal, and as the contents of records whose checksums are right, so that
+// what stands behind the checksums is reached too.
 
 #include "editor/RecoveryJournal.h"
+
+#include <cstring>
+#include <string_view>
+
+#include "tests/fuzz/Fuzzer.h"
 
 namespace {
 
 void Read(std::string_view bytes, const editor::BaseText& base) {
   const editor::JournalContent content = editor::ReadJournal(bytes, base);
-  if (!rich_text::IsValidUtf8(content.Text) || content.Caret > content.Text.size()) std::abort();
+  fuzz::Require(rich_text::IsValidUtf8(content.Text) && content.Caret <= content.Text.size());
 }
 
 std::uint64_t Number(std::string_view& bytes) {
@@ -49,11 +47,9 @@ std::string Journal(std::string_view script) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+void fuzz::Try(const std::string& bytes) {
   Read(bytes, nullptr);
   const std::string journal = Journal(bytes);
   Read(journal, nullptr);
   Read(journal, [&](const editor::JournalHead&) { return std::string(100, 'b'); });
-  return 0;
 }

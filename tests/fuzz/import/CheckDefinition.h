@@ -3,12 +3,12 @@
 // load without a bad line.
 
 #include <cstdio>
-#include <cstdlib>
-#include <string>
 
 #include "import/TemplateMaker.h"
+#include "rich_text/Encoding.h"
 #include "templates/Loader.h"
 #include "templates/Writer.h"
+#include "tests/fuzz/Fuzzer.h"
 
 namespace fuzz {
 
@@ -20,9 +20,9 @@ inline void CheckDefinition(import::ReadDefinition read) {
   templates::CollectedMessages messages;
   std::string helpFile;
   templates::LoadTemplateText(text, "x.def", fields, {}, messages, helpFile);
-  if (messages.Problems.empty()) return;
-  std::fprintf(stderr, "%s: %s\n", messages.Problems[0].Line.c_str(), messages.Problems[0].Reason.c_str());
-  std::abort();
+  for (const templates::LoadProblem& problem : messages.Problems)
+    std::fprintf(stderr, "%s: %s\n", problem.Line.c_str(), problem.Reason.c_str());
+  Require(messages.Problems.empty());
 }
 
 }  // namespace fuzz

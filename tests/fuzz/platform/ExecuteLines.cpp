@@ -1,14 +1,10 @@
-// Feeds any bytes, in chunks of any size, to the reader of the instance channel: the chunks must not matter, and no
-// line may be longer than allowed.
-
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
-#include <string>
-#include <string_view>
+// The reader of the instance channel, fed in chunks of any size: the chunks must not matter, and no line may be longer
+// than allowed.
 
 #include "platform/ExecuteLines.h"
+
 #include "shell/ExecuteString.h"
+#include "tests/fuzz/Fuzzer.h"
 
 namespace {
 
@@ -19,7 +15,7 @@ std::string LinesOf(std::string_view bytes, std::size_t chunk) {
     lines.Add(bytes.substr(0, chunk));
     bytes.remove_prefix(std::min(chunk, bytes.size()));
     while (const auto line = lines.Next()) {
-      if (line->size() > platform::ExecuteLines::Longest) std::abort();
+      fuzz::Require(line->size() <= platform::ExecuteLines::Longest);
       shell::ExecuteCommand(*line, {[](const std::string&) {}, [] {}});
       all += *line + '\n';
     }
@@ -29,9 +25,7 @@ std::string LinesOf(std::string_view bytes, std::size_t chunk) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  if (size == 0) return 0;
-  const std::string_view bytes(reinterpret_cast<const char*>(data), size);
-  if (LinesOf(bytes, size) != LinesOf(bytes, 1 + data[0] % 7)) std::abort();
-  return 0;
+void fuzz::Try(const std::string& bytes) {
+  if (!bytes.empty())
+    Require(LinesOf(bytes, bytes.size()) == LinesOf(bytes, 1 + static_cast<unsigned char>(bytes[0]) % 7));
 }

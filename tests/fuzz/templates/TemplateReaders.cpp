@@ -1,31 +1,46 @@
-// Feeds any bytes to the readers of template files and help definition files. What the editor's reader gives is written
-// and read again: the initial text must come back.
-
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
-#include <string>
+// The readers of template files and of help definition files. Problems are told of lines that exist, both readers count
+// the same colours, and the initial text comes back from what the writer makes of what was read.
 
 #include "rich_text/Encoding.h"
 #include "templates/EditorReader.h"
 #include "templates/HeaderScan.h"
 #include "templates/HelpDefinition.h"
+#include "templates/LineReader.h"
 #include "templates/Loader.h"
 #include "templates/Writer.h"
+#include "tests/fuzz/Fuzzer.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  using namespace templates;
-  const std::string text = rich_text::DecodeText(std::string(reinterpret_cast<const char*>(data), size)).Text;
-  CollectedMessages messages;
+namespace {
+
+using namespace templates;
+
+void RequireProblemsInside(const CollectedMessages& messages, std::string_view text) {
+  LineReader lines(text);
+  std::vector<std::string_view> all;
+  while (const auto line = lines.RawLine()) all.push_back(*line);
+  for (const LoadProblem& problem : messages.Problems) {
+    fuzz::Require(problem.LineNumber >= 1 && problem.LineNumber <= all.size());
+    fuzz::Require(all[problem.LineNumber - 1].ends_with(problem.Line));  // a text block may cut a line
+  }
+}
+
+}  // namespace
+
+void fuzz::Try(const std::string& bytes) {
+  const std::string text = rich_text::DecodeText(bytes).Text;
+  CollectedMessages messages, editorMessages, ignored;
   TemplateFields fields;
   std::string helpFile;
   LoadTemplateText(text, "x.def", fields, {}, messages, helpFile);
-  ReadHelpDefinitionText(text, fields.HelpWords);
+  RequireProblemsInside(messages, text);
+  const EditorTemplate read = ReadEditorTemplateText(text, "x.def", editorMessages).Template;
+  RequireProblemsInside(editorMessages, text);
+  Require(fields.Words.Count() <= read.Words.size() && fields.Colours.size() == read.Palette.size());
+  const EditorTemplate again = ReadEditorTemplateText(WriteTemplate(read, "1/1/2024"), "x.def", ignored).Template;
+  Require(again.InitialText == read.InitialText);
+
+  for (const char* head : {"", "Quillmark Help Definition File\n"})
+    ReadHelpDefinitionText(head + text, fields.HelpWords);
   Template record;
   ScanTemplateHeader(text, record);
-
-  const EditorTemplate read = ReadEditorTemplateText(text, "x.def", messages).Template;
-  const EditorTemplate again = ReadEditorTemplateText(WriteTemplate(read, "1/1/2024"), "x.def", messages).Template;
-  if (again.InitialText != read.InitialText) std::abort();
-  return 0;
 }

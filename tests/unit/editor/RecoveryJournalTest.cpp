@@ -198,18 +198,6 @@ TEST(RecoveryJournalTest, HostileRecordsWithRightChecksumsAreDamageToo) {
   }
 }
 
-TEST(RecoveryJournalTest, AnyBytesEndInValidText) {
-  Dice dice(24);
-  const Journalled sample = Sample(dice, 30);
-  for (int round = 0; round < 3000; ++round) {
-    std::string bytes = dice.Below(2) == 0 ? sample.Bytes : sample.Bytes.substr(0, dice.Below(200));
-    for (std::size_t count = 1 + dice.Below(8); count > 0 && !bytes.empty(); --count)
-      bytes[dice.Below(bytes.size())] = static_cast<char>(dice.Below(256));
-    const JournalContent content = editor::ReadJournal(bytes, nullptr);
-    ASSERT_TRUE(rich_text::IsValidUtf8(content.Text));
-  }
-}
-
 TEST(RecoveryJournalTest, PiecesOfALongTextAreOneText) {
   Dice dice(25);
   std::string plain(300'000, 'x');

@@ -33,23 +33,6 @@ TEST(Scanners, ClearLnTellsCodesFromText) {
   for (const auto& [piece, cleared] : cases) EXPECT_EQ(Cleared(piece), cleared) << piece;
 }
 
-TEST(Scanners, AnyBytesAreStood) {
-  const std::string bytes = "\\\\\\{}cfplaindru'?- 017\r\n\xE9";
-  for (std::uint64_t seed = 0; seed < 20'000; ++seed) {
-    laws::Dice dice(seed);
-    std::string rtf = dice.Chance(50) ? "\\deflang1 " : "";
-    for (std::size_t count = dice.Below(40); count > 0; --count) rtf += dice.Pick(bytes);
-    std::size_t cachePos = 0, cacheOffset = 0;
-    const std::size_t offset = dice.Below(50);
-    EXPECT_LE(Cleared(rtf).size(), rtf.size());
-    EXPECT_LE(GoToLine(rtf, dice.Below(4)), rtf.size() + 1);
-    EXPECT_LE(WhiteSpace(rtf, dice.Below(4)), rtf.size());
-    EXPECT_GE(NumberOfLinesIn(rtf), 1u);
-    EXPECT_LE(RTFPosition(rtf, offset, cachePos, cacheOffset), rtf.size() + 1) << "seed " << seed;
-    EXPECT_LE(cacheOffset, offset) << "seed " << seed;
-  }
-}
-
 /// A coloured text with everything that looks like a code.
 struct Sample {
   explicit Sample(std::uint64_t seed) {

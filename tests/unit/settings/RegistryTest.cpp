@@ -126,22 +126,6 @@ TEST(Registry, AnyTextAndBytesComeBack) {
   }
 }
 
-TEST(Registry, GarbageIsSurvivedAndWhatIsWrittenIsSound) {
-  std::mt19937 random(11);
-  for (int round = 0; round < 1000; ++round) {
-    std::string bytes = Sample;
-    for (std::size_t n = random() % 8; n > 0; --n) bytes[random() % bytes.size()] = static_cast<char>(random());
-    if (round % 3 == 0) bytes.erase(random() % bytes.size(), random() % 40);
-    if (round % 10 == 0)
-      for (char& c : bytes) c = static_cast<char>(random());
-    RegistryText first, second;
-    first.Read(bytes);
-    second.Read(first.Write());
-    ASSERT_TRUE(second.Damages().empty()) << round << ' ' << second.Damages()[0];
-    ASSERT_EQ(second.Write(), first.Write()) << round;
-  }
-}
-
 TEST(RegistryFile, KeysAreMadeListedAndRemoved) {
   const tests::TemporaryFolder folder;
   RegistryFile file(folder.Path("new/folder/registry.reg"));

@@ -1,35 +1,18 @@
 #include "Comparison.h"
 
-#include "rich_text/Encoding.h"
-#include "rich_text/StyledText.h"
+#include <numeric>
+
+#include "StyledLaws.h"
 
 namespace laws {
-namespace {
-
-/// The bytes of the character or line end at `offset`, and whether it is a line end.
-struct Step {
-  std::size_t Bytes;
-  bool EndsLine;
-};
-Step StepAt(std::string_view text, std::size_t offset) {
-  const std::size_t lineEnd = rich_text::LineEndLength(text, offset);
-  return lineEnd ? Step{lineEnd, true} : Step{rich_text::CodePointAt(text, offset).Bytes, false};
-}
-
-}  // namespace
 
 std::vector<int> ColoursOfRuns(std::string_view text, const std::vector<editor::PassRun>& runs, std::size_t colours) {
-  std::vector<int> numbers;
-  auto run = runs.begin();
-  for (std::size_t i = 0; i < text.size();) {
-    while (run != runs.end() && run->End <= i) ++run;
-    const Step step = StepAt(text, i);
-    const bool inside = run != runs.end() && run->Start <= i;
-    const bool draws = inside && run->Colour >= 1 && static_cast<std::size_t>(run->Colour) <= colours;
-    if (!step.EndsLine) numbers.push_back(draws ? run->Colour : 0);
-    i += step.Bytes;
-  }
-  return numbers;
+  std::vector<rich_text::ColourValue> numbers(colours);
+  std::iota(numbers.begin(), numbers.end(), 1);
+  std::vector<int> found;
+  for (const auto& [character, number] : Characters({std::string(text), numbers, editor::ColouredRuns(runs, numbers)}))
+    if (character != '\n') found.push_back(number < 0 ? 0 : static_cast<int>(number));
+  return found;
 }
 
 LiteralResult FastWhole(const templates::TemplateFields& fields, std::string_view text) {
@@ -66,19 +49,12 @@ std::string FaultOfRuns(std::string_view text, const std::vector<editor::PassRun
 }
 
 std::string Picture(std::string_view text, const LiteralResult& result) {
-  std::string picture;
-  std::size_t character = 0;
-  for (std::size_t i = 0; !result.StaysOpen && i < text.size();) {
-    const Step step = StepAt(text, i);
-    if (step.EndsLine) {
-      picture += '|';
-    } else {
-      const int colour = result.Colours[character++];
-      picture += colour == 0 ? '.' : static_cast<char>('0' + colour);
-    }
-    i += step.Bytes;
+  std::string picture = result.StaysOpen ? "stays open" : "";
+  std::size_t place = 0;
+  for (const auto& [character, none] : Characters({result.StaysOpen ? "" : std::string(text), {}, {}})) {
+    const int colour = character == '\n' ? 0 : result.Colours[place++];
+    picture += character == '\n' ? '|' : colour == 0 ? '.' : static_cast<char>('0' + colour);
   }
-  if (result.StaysOpen) picture += "stays open";
   for (const auto& [word, synonym] : result.Captured) picture += " [" + word + " for " + synonym + "]";
   return picture;
 }

@@ -1,7 +1,6 @@
 #include "RandomCase.h"
 
 #include <array>
-#include <cstdio>
 #include <utility>
 
 #include "rich_text/Encoding.h"
@@ -188,22 +187,10 @@ class Shrinker {
 }  // namespace
 
 std::string Visible(std::string_view text) {
-  std::string visible;
-  for (const char c : text) {
-    if (c == '\n')
-      visible += "\\n";
-    else if (c == '\r')
-      visible += "\\r";
-    else if (c == '\t')
-      visible += "\\t";
-    else if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F) {
-      std::array<char, 8> hex{};
-      std::snprintf(hex.data(), hex.size(), "\\x%02x", static_cast<unsigned>(c));
-      visible += hex.data();
-    } else
-      visible += c;
-  }
-  return visible;
+  std::u32string visible = FromUtf8(text);
+  for (char32_t& character : visible)
+    if (character < 0x20) character += U'\u2400';
+  return ToUtf8(visible);
 }
 
 templates::TemplateFields RandomCase::Fields() const {

@@ -45,7 +45,7 @@ RandomCase MakeRandomCase(Dice& dice);
 /// Leaves out words, delimiters and characters as long as `breaks` still says true.
 RandomCase Shrink(RandomCase broken, const std::function<bool(const RandomCase&)>& breaks);
 
-/// The text on one line: control characters as "\n", "\r", "\t" or "\x..".
+/// The text on one line: control characters as their pictures.
 std::string Visible(std::string_view text);
 
 }  // namespace laws

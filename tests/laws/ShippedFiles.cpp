@@ -2,31 +2,25 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
-#include "rich_text/Encoding.h"
-#include "templates/Loader.h"
+#include "platform/Files.h"
+#include "tests/support/LoadedTemplate.h"
 
 namespace laws {
 namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path Source = QUILLMARK_SOURCE_DIR;
-
-std::vector<fs::path> FilesBelow(const fs::path& folder) {
-  std::vector<fs::path> files;
-  if (!fs::is_directory(folder)) return files;
-  for (const auto& entry : fs::recursive_directory_iterator(folder))
-    if (entry.is_regular_file()) files.push_back(entry.path());
-  std::sort(files.begin(), files.end());
-  return files;
-}
-
-std::string DecodedFile(const fs::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return rich_text::DecodeText(std::string(std::istreambuf_iterator<char>(file), {})).Text;
+/// The files of a folder of the sources and of those in it, decoded.
+std::vector<ShippedText> TextsBelow(const char* folder) {
+  std::vector<fs::path> paths;
+  for (const auto& entry : fs::recursive_directory_iterator(fs::path(QUILLMARK_SOURCE_DIR) / folder))
+    if (entry.is_regular_file()) paths.push_back(entry.path());
+  std::sort(paths.begin(), paths.end());
+  std::vector<ShippedText> texts;
+  for (const fs::path& path : paths)
+    texts.push_back({path.filename(), rich_text::DecodeText(platform::ReadFile(path).Bytes).Text});
+  return texts;
 }
 
 }  // namespace
@@ -37,22 +31,18 @@ bool ShippedText::BelongsTo(const ShippedTemplate& shipped) const {
 
 std::vector<ShippedTemplate> ShippedTemplates() {
   std::vector<ShippedTemplate> shipped;
-  for (const fs::path& path : FilesBelow(Source / "data/templates")) {
-    if (path.extension() != ".def") continue;
-    templates::CollectedMessages messages;
-    ShippedTemplate entry{path.filename().string(), {}};
-    std::string helpFile;
-    templates::LoadTemplateText(DecodedFile(path), entry.Name, entry.Fields, {}, messages, helpFile);
-    shipped.push_back(std::move(entry));
+  for (const ShippedText& file : TextsBelow("data/templates")) {
+    if (!file.Name.ends_with(".def")) continue;
+    shipped.push_back({file.Name, tests::LoadedTemplate(file.Text)});
+    const templates::TemplateFields& fields = shipped.back().Fields;
+    EXPECT_EQ(fields.ColWords.Empty(), fields.TName == "Plain text") << file.Name;
   }
   return shipped;
 }
 
 std::vector<ShippedText> ShippedTexts() {
-  std::vector<ShippedText> texts;
-  for (const char* folder : {"examples", "data/templates"})
-    for (const fs::path& path : FilesBelow(Source / folder))
-      texts.push_back({path.filename().string(), DecodedFile(path)});
+  std::vector<ShippedText> texts = TextsBelow("examples");
+  for (ShippedText& text : TextsBelow("data/templates")) texts.push_back(std::move(text));
   return texts;
 }
 

@@ -20,7 +20,7 @@ struct ShippedText {
   bool BelongsTo(const ShippedTemplate& shipped) const;
 };
 
-/// Every *.def of data/templates.
+/// Every *.def of data/templates; a bad line, or one without colour words, fails the test.
 std::vector<ShippedTemplate> ShippedTemplates();
 
 /// Every file of examples/ and of data/templates/, decoded.

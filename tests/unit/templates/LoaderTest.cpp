@@ -265,18 +265,4 @@ TEST_F(LoaderTest, TheHelpDefinitionFileIsTheNamedOneOrThatBesideTheName) {
   std::filesystem::current_path(before);
 }
 
-TEST_F(LoaderTest, ShippedTemplatesLoadWithoutAMessage) {
-  std::size_t count = 0;
-  for (const auto& file : std::filesystem::directory_iterator(QUILLMARK_SOURCE_DIR "/data/templates")) {
-    if (file.path().extension() != ".def") continue;
-    ++count;
-    EXPECT_EQ(LoadTemplate(file.path().string(), Fields, Options, Messages).Error, "");
-    for (const LoadProblem& problem : Messages.Problems)
-      ADD_FAILURE() << problem.File << ':' << problem.LineNumber << ": " << problem.Reason << '\n' << problem.Line;
-    Messages.Problems.clear();
-    EXPECT_EQ(Fields.ColWords.Empty(), Fields.TName == "Plain text") << file.path();
-  }
-  EXPECT_GT(count, 0U);
-}
-
 }  // namespace

@@ -4,9 +4,9 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
 #include <set>
 
+#include "tests/laws/Dice.h"
 #include "tests/support/SealedLayout.h"
 
 namespace {
@@ -67,27 +67,19 @@ TEST(BandLayout, MovesToolsWithinABandAndBetweenBands) {
 }
 
 TEST(BandLayout, AnyArrangementStaysSoundAndComesBackFromItsText) {
-  std::mt19937 random(7);
-  const auto dice = [&](int sides) { return static_cast<std::size_t>(random()) % static_cast<std::size_t>(sides); };
-  const char* bands[] = {"menus", "outer", "inner", "bar", "tabs", "none"};
-  const char* tools[] = {"outer", "inner", "a", "b", "c", "miSeparator", "none"};
+  laws::Dice dice(7);
+  const std::vector<const char*> bands = {"menus", "outer", "inner", "bar", "tabs", "none"},
+                                 tools = {"outer", "inner", "a", "b", "c", "miSeparator", "none"};
   BandLayout layout(Design());
   for (int i = 0; i < 3000; ++i) {
-    const char* band = bands[dice(6)];
-    switch (dice(4)) {
-      case 0:
-        layout.Move(band, dice(4), bands[dice(6)], dice(5));
-        break;
-      case 1:
-        layout.Insert(band, dice(5), tools[dice(7)]);
-        break;
-      case 2:
-        layout.Remove(band, dice(3));
-        break;
-      default:
-        layout.Place(band, {static_cast<DockSide>(dice(5)), static_cast<int>(dice(3)), static_cast<int>(dice(9)),
-                            static_cast<int>(dice(900)) - 450, -static_cast<int>(dice(900)), dice(2) == 0});
-    }
+    const char* band = dice.Pick(bands);
+    const std::size_t action = dice.Below(4);
+    if (action == 0) layout.Move(band, dice.Below(4), dice.Pick(bands), dice.Below(5));
+    if (action == 1) layout.Insert(band, dice.Below(5), dice.Pick(tools));
+    if (action == 2) layout.Remove(band, dice.Below(3));
+    if (action == 3)
+      layout.Place(band, {static_cast<DockSide>(dice.Below(5)), dice.Between(0, 2), dice.Between(0, 8),
+                          dice.Between(-450, 449), dice.Between(-899, 0), dice.Chance(50)});
     for (const BandState& state : layout.Bands()) {
       EXPECT_FALSE(Leads(layout, state.Name, state.Name, 0)) << state.Name;
       std::set<std::string> seen;

@@ -5,8 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
-
 #include "tests/unit/template_editor/EditorFixture.h"
 
 namespace {
@@ -42,6 +40,11 @@ PlainWord Plain(const templates::Word& word) {
   PlainWord plain{word.Name, {}};
   for (const auto& action : word.Actions) plain.Actions.push_back(Plain(*action));
   return plain;
+}
+
+template <typename Item>
+void Erase(std::vector<Item>& items, std::size_t row) {
+  items.erase(items.begin() + static_cast<std::ptrdiff_t>(row));
 }
 
 /// The rules on plain values. Answers are taken from the front of the script, as the lists' user does.
@@ -103,6 +106,17 @@ class PlainLists {
     Word.reset();
     LoadWord();
   }
+  void RemoveWord() {
+    Erase(Words, *Word);
+    Word.reset();
+    WordCommitted = true;
+  }
+  void RemoveAction() {
+    Erase(Working.Actions, *Delimeter);
+    Delimeter.reset();
+    ActionCommitted = true;
+    WordCommitted = false;
+  }
   void LoadWord() {
     Working = Word ? Words[*Word] : PlainWord();
     Delimeter.reset();
@@ -133,49 +147,25 @@ class PlainLists {
 
 class ActionLaw {
  public:
-  explicit ActionLaw(unsigned seed) : m_random(seed) {}
+  explicit ActionLaw(std::uint64_t seed) : m_dice(seed) {}
 
   void Step() {
-    // An answer Change is given only where it exists: the word or delimeter in question has a selected row.
-    m_user.Answers.clear();
-    for (int i = 0; i < 8; ++i) m_user.Answers.push_back(Answer());
-    m_plain.Answers = m_user.Answers;
-    std::size_t row = 0;
-    switch (Draw(14)) {
-      case 0:
-      case 1:
-        return TypeName();
-      case 2:
-        return Both([&] { m_lists.AddWord(); }, [&] { m_plain.PutWord(std::nullopt); });
-      case 3:
-        if (!m_plain.Word) return;
-        return Both([&] { m_lists.ChangeWord(); }, [&] { m_plain.PutWord(m_plain.Word); });
-      case 4:
-        return RemoveWord();
-      case 5:
-        if (m_plain.Words.empty()) return;
-        row = Draw(m_plain.Words.size());
-        return Both([&] { m_lists.SelectWord(row); }, [&] { m_plain.SelectWord(row); });
-      case 6:
-        return Both([&] { m_lists.Clear(); }, [&] { m_plain.Clear(); });
-      case 7:
-        return TypeAction();
-      case 8:
-        return Both([&] { m_lists.AddDelimeter(); }, [&] { m_plain.PutAction(std::nullopt); });
-      case 9:
-        if (!m_plain.Delimeter) return;
-        return Both([&] { m_lists.ChangeDelimeter(); }, [&] { m_plain.PutAction(m_plain.Delimeter); });
-      case 10:
-        return RemoveDelimeter();
-      case 11:
-        return Both([&] { m_lists.Leave(); }, [&] { m_plain.LeaveWord(); });
-      case 12:
-        if (m_plain.Working.Actions.empty()) return;
-        row = Draw(m_plain.Working.Actions.size());
-        return Both([&] { m_lists.SelectDelimeter(row); }, [&] { m_plain.SelectDelimeter(row); });
-      default:
-        return EditEntries();
-    }
+    GiveAnswers();
+    const std::size_t step = m_dice.Below(14), words = m_plain.Words.size(), actions = m_plain.Working.Actions.size();
+    const std::size_t row = m_dice.Below(100);
+    if (step < 2) TypeName();
+    if (step == 2) m_lists.AddWord(), m_plain.PutWord(std::nullopt);
+    if (step == 3 && m_plain.Word) m_lists.ChangeWord(), m_plain.PutWord(m_plain.Word);
+    if (step == 4 && m_plain.Word) m_lists.RemoveWord(), m_plain.RemoveWord();
+    if (step == 5 && words > 0) m_lists.SelectWord(row % words), m_plain.SelectWord(row % words);
+    if (step == 6) m_lists.Clear(), m_plain.Clear();
+    if (step == 7) TypeAction();
+    if (step == 8) m_lists.AddDelimeter(), m_plain.PutAction(std::nullopt);
+    if (step == 9 && m_plain.Delimeter) m_lists.ChangeDelimeter(), m_plain.PutAction(m_plain.Delimeter);
+    if (step == 10 && m_plain.Delimeter) m_lists.RemoveDelimeter(), m_plain.RemoveAction();
+    if (step == 11) m_lists.Leave(), m_plain.LeaveWord();
+    if (step == 12 && actions > 0) m_lists.SelectDelimeter(row % actions), m_plain.SelectDelimeter(row % actions);
+    if (step == 13) EditEntries();
   }
 
   void Compare() const {
@@ -197,85 +187,55 @@ class ActionLaw {
   }
 
  private:
-  std::size_t Draw(std::size_t limit) { return m_random() % limit; }
-  LeaveAnswer Answer() {
-    const bool mayChange = m_plain.Word && m_plain.Delimeter;
-    constexpr LeaveAnswer Answers[] = {LeaveAnswer::Add, LeaveAnswer::Discard, LeaveAnswer::Stay, LeaveAnswer::Change};
-    return Answers[Draw(mayChange ? 4 : 3)];
+  /// Change is among the answers only where it exists: the word or delimeter in question has a selected row.
+  void GiveAnswers() {
+    std::vector<LeaveAnswer> possible = {LeaveAnswer::Add, LeaveAnswer::Discard, LeaveAnswer::Stay};
+    if (m_plain.Word && m_plain.Delimeter) possible.push_back(LeaveAnswer::Change);
+    m_user.Answers.clear();
+    for (int i = 0; i < 8; ++i) m_user.Answers.push_back(m_dice.Pick(possible));
+    m_plain.Answers = m_user.Answers;
   }
-  template <typename Real, typename Simple>
-  void Both(Real real, Simple simple) {
-    real();
-    simple();
-  }
+  std::string Numbered(const char* text, std::size_t limit) { return text + std::to_string(m_dice.Below(limit)); }
   void TypeName() {
-    m_plain.Working.Name = "w" + std::to_string(Draw(5));
+    m_plain.Working.Name = Numbered("w", 5);
     m_plain.WordCommitted = false;
     m_lists.SetName(m_plain.Working.Name);
   }
   void TypeAction() {
-    m_plain.Action.Delimeter = ".xX(["[Draw(5)];
-    m_plain.Action.Action = static_cast<int>(1 + Draw(3));
-    m_plain.Action.Tip = "t" + std::to_string(Draw(3));
+    m_plain.Action = {
+        {m_dice.Pick(std::string(".xX(["))}, m_dice.Between(1, 3), Numbered("t", 3), m_plain.Action.Entries};
     m_plain.ActionCommitted = false;
     m_lists.SetDelimeter(m_plain.Action.Delimeter);
     m_lists.SetAction(static_cast<std::int16_t>(m_plain.Action.Action));
     m_lists.SetTip(m_plain.Action.Tip);
   }
   void EditEntries() {
-    m_lists.EntryText = "e" + std::to_string(Draw(9));
-    m_lists.Icon = static_cast<std::int32_t>(1 + Draw(7));
-    const std::string entry = m_lists.EntryText + std::to_string(m_lists.Icon);
+    std::vector<std::string>& entries = m_plain.Action.Entries;
+    m_lists.EntryText = Numbered("e", 9);
+    m_lists.Icon = m_dice.Between(1, 7);
     m_plain.ActionCommitted = false;
-    if (m_plain.Action.Entries.empty() || Draw(2) == 0) {
-      m_lists.AddEntry();
-      m_plain.Action.Entries.push_back(entry);
-      return;
+    if (entries.empty() || m_dice.Chance(50)) {
+      entries.push_back(m_lists.EntryText + std::to_string(m_lists.Icon));
+      return m_lists.AddEntry();
     }
-    const std::size_t row = Draw(m_plain.Action.Entries.size());
+    const std::size_t row = m_dice.Below(entries.size());
     m_lists.SelectEntry(row);
-    EXPECT_EQ(m_lists.EntryText + std::to_string(m_lists.Icon), m_plain.Action.Entries[row]);
+    EXPECT_EQ(m_lists.EntryText + std::to_string(m_lists.Icon), entries[row]);
     m_lists.EntryText = "changed";
-    if (Draw(2) == 0) {
-      m_lists.ChangeEntry();
-      m_plain.Action.Entries[row] = "changed" + std::to_string(m_lists.Icon);
-    } else {
-      m_lists.RemoveEntry();
-      m_plain.Action.Entries.erase(m_plain.Action.Entries.begin() + static_cast<std::ptrdiff_t>(row));
-    }
-  }
-  void RemoveWord() {
-    if (!m_plain.Word) return;
-    m_lists.RemoveWord();
-    m_plain.Words.erase(m_plain.Words.begin() + static_cast<std::ptrdiff_t>(*m_plain.Word));
-    m_plain.Word.reset();
-    m_plain.WordCommitted = true;
-  }
-  void RemoveDelimeter() {
-    if (!m_plain.Delimeter) return;
-    m_lists.RemoveDelimeter();
-    auto& actions = m_plain.Working.Actions;
-    actions.erase(actions.begin() + static_cast<std::ptrdiff_t>(*m_plain.Delimeter));
-    m_plain.Delimeter.reset();
-    m_plain.ActionCommitted = true;
-    m_plain.WordCommitted = false;
+    entries[row] = "changed" + std::to_string(m_lists.Icon);
+    if (m_dice.Chance(50)) return m_lists.ChangeEntry();
+    m_lists.RemoveEntry();
+    Erase(entries, row);
   }
 
-  std::mt19937 m_random;
+  laws::Dice m_dice;
   ListUser m_user;
   ActionLists m_lists{m_user};
   PlainLists m_plain;
 };
 
 TEST(ActionLists, WorkingCopiesFollowThePlainModel) {
-  for (unsigned seed = 0; seed < 300 && !testing::Test::HasFailure(); ++seed) {
-    SCOPED_TRACE("seed " + std::to_string(seed));
-    ActionLaw law(seed);
-    for (int step = 0; step < 150 && !testing::Test::HasFailure(); ++step) {
-      law.Step();
-      law.Compare();
-    }
-  }
+  tests::PlayLaw<ActionLaw>(300, 150);
 }
 
 TEST(ActionLists, WhatAFileCouldNotHoldIsRefused) {

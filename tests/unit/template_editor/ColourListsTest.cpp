@@ -5,8 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
-
 #include "templates/Values.h"
 #include "tests/support/Characters.h"
 #include "tests/unit/template_editor/EditorFixture.h"
@@ -33,45 +31,18 @@ std::string Describe(const PlainWord& word) {
 
 class PaletteLaw {
  public:
-  explicit PaletteLaw(unsigned seed) : m_random(seed) {}
+  explicit PaletteLaw(std::uint64_t seed) : m_dice(seed) {}
 
   void Step() {
-    switch (Draw(8)) {
-      case 0:
-        return SelectColour();
-      case 1:
-        Type();
-        m_lists.AddColour();
-        m_palette.push_back(std::make_shared<PaletteColour>(Typed()));
-        return;
-      case 2:
-        if (!m_colour) return;
-        Type();
-        m_lists.ChangeColour();
-        *m_palette[*m_colour] = Typed();
-        return;
-      case 3:
-        return RemoveColour();
-      case 4:
-        return SelectWord();
-      case 5:
-        if (!m_colour) return;
-        TypeWord();
-        m_lists.AddWord();
-        m_words.push_back(TypedWord(nullptr));
-        return;
-      case 6:
-        if (!m_word) return;
-        TypeWord();
-        m_lists.ChangeWord();
-        m_words[*m_word] = TypedWord(m_words[*m_word].Colour);
-        return;
-      default:
-        if (!m_word) return;
-        m_lists.RemoveWord();
-        m_words.erase(m_words.begin() + static_cast<std::ptrdiff_t>(*m_word));
-        m_word.reset();
-    }
+    const std::size_t step = m_dice.Below(8);
+    if (step == 0) SelectColour();
+    if (step == 1) Type(), m_lists.AddColour(), m_palette.push_back(std::make_shared<PaletteColour>(Typed()));
+    if (step == 2 && m_colour) Type(), m_lists.ChangeColour(), *m_palette[*m_colour] = Typed();
+    if (step == 3 && m_colour) RemoveColour();
+    if (step == 4) SelectWord();
+    if (step == 5 && m_colour) TypeWord(), m_lists.AddWord(), m_words.push_back(TypedWord(nullptr));
+    if (step == 6 && m_word) TypeWord(), m_lists.ChangeWord(), m_words[*m_word] = TypedWord(m_words[*m_word].Colour);
+    if (step == 7 && m_word) RemoveWord();
   }
 
   void Compare() const {
@@ -89,24 +60,23 @@ class PaletteLaw {
   }
 
  private:
-  std::size_t Draw(std::size_t limit) { return m_random() % limit; }
   void Type() {
     m_lists.ColName = "c" + std::to_string(++m_names);
-    m_lists.ColHex = templates::HexColour(static_cast<rich_text::ColourValue>(m_random() & 0xFFFFFF));
+    m_lists.ColHex = templates::HexColour(static_cast<rich_text::ColourValue>(m_dice.Next() & 0xFFFFFF));
   }
   PaletteColour Typed() const { return {m_lists.HexValue(), m_lists.ColName}; }
   void TypeWord() {
-    m_lists.colWordName = "w" + std::to_string(Draw(9));
-    m_lists.colEndWord = Draw(2) == 0 ? "" : "end";
-    m_lists.EndPoint = static_cast<std::int16_t>(Draw(3));
-    m_lists.ColWordInclude = Draw(2) == 1;
+    m_lists.colWordName = "w" + std::to_string(m_dice.Below(9));
+    m_lists.colEndWord = m_dice.Chance(50) ? "" : "end";
+    m_lists.EndPoint = static_cast<std::int16_t>(m_dice.Between(0, 2));
+    m_lists.ColWordInclude = m_dice.Chance(50);
   }
   PlainWord TypedWord(const PlainColour& otherwise) const {
     return {m_lists.colWordName, m_lists.EndPoint == colWord::UntilWord ? m_lists.colEndWord : "", m_lists.EndPoint,
             m_lists.ColWordInclude, m_colour ? m_palette[*m_colour] : otherwise};
   }
   std::optional<std::size_t> Any(std::size_t count) {
-    return count == 0 || Draw(5) == 0 ? std::nullopt : std::optional(Draw(count));
+    return count == 0 || m_dice.Chance(20) ? std::nullopt : std::optional(m_dice.Below(count));
   }
   void SelectColour() {
     m_colour = Any(m_palette.size());
@@ -116,12 +86,16 @@ class PaletteLaw {
     }
   }
   void RemoveColour() {
-    if (!m_colour) return;
     m_lists.RemoveColour();
     for (PlainWord& word : m_words)
       if (word.Colour == m_palette[*m_colour]) word.Colour = nullptr;
     m_palette.erase(m_palette.begin() + static_cast<std::ptrdiff_t>(*m_colour));
     m_colour.reset();
+  }
+  void RemoveWord() {
+    m_lists.RemoveWord();
+    m_words.erase(m_words.begin() + static_cast<std::ptrdiff_t>(*m_word));
+    m_word.reset();
   }
   void SelectWord() {
     m_word = Any(m_words.size());
@@ -133,7 +107,7 @@ class PaletteLaw {
     EXPECT_EQ(m_lists.colWordName, m_words[*m_word].Start);
   }
 
-  std::mt19937 m_random;
+  laws::Dice m_dice;
   int m_names = 0;
   tests::ListUser m_user;
   ColourLists m_lists{m_user};
@@ -143,14 +117,7 @@ class PaletteLaw {
 };
 
 TEST(ColourLists, WordsKeepTheirColoursThroughEveryChangeOfThePalette) {
-  for (unsigned seed = 0; seed < 200 && !testing::Test::HasFailure(); ++seed) {
-    SCOPED_TRACE("seed " + std::to_string(seed));
-    PaletteLaw law(seed);
-    for (int step = 0; step < 120 && !testing::Test::HasFailure(); ++step) {
-      law.Step();
-      law.Compare();
-    }
-  }
+  tests::PlayLaw<PaletteLaw>(200, 120);
 }
 
 TEST(ColourLists, ANumberOutsideThePaletteStaysOutside) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "template_editor/TemplateEditor.h"
+#include "tests/laws/Dice.h"
 #include "tests/support/MemoryTextControl.h"
 #include "tests/support/ScriptedPrompts.h"
 
@@ -34,6 +35,19 @@ class ListUser : public template_editor::ListOwner {
   }
   void RequireDelimeter(const std::string& delimeter) override { Required.push_back(delimeter); }
 };
+
+/// Plays so many steps of a law with each seed, up to the first that fails.
+template <typename Law>
+void PlayLaw(std::uint64_t seeds, int steps) {
+  for (std::uint64_t seed = laws::FirstSeed(); seed < laws::FirstSeed() + laws::Runs(seeds); ++seed) {
+    SCOPED_TRACE("QUILLMARK_LAW_SEED=" + std::to_string(seed));
+    Law law(seed);
+    for (int step = 0; step < steps && !testing::Test::HasFailure(); ++step) {
+      law.Step();
+      law.Compare();
+    }
+  }
+}
 
 class EditorUser : public template_editor::EditorFrame, public template_editor::EditorWindow {
  public:

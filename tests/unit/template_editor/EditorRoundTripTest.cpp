@@ -50,17 +50,17 @@ TEST(EditorRoundTrip, ShippedTemplatesStayThemselves) {
 
 TEST(EditorRoundTrip, AnyTemplateStaysItselfWhereverTheUserLooks) {
   using template_editor::List;
-  for (unsigned seed = 0; seed < 60 && !testing::Test::HasFailure(); ++seed) {
+  for (std::uint64_t seed = 0; seed < 60 && !testing::Test::HasFailure(); ++seed) {
     SCOPED_TRACE("seed " + std::to_string(seed));
-    std::mt19937 random(seed);
+    laws::Dice dice(seed);
     const tests::TemporaryFolder folder;
-    templates::EditorTemplate source = tests::RandomTemplate(random);
+    templates::EditorTemplate source = tests::RandomTemplate(dice);
     const std::string file = folder.Write("t.def", templates::WriteTemplate(source, "1/2/2024"));
     tests::EditorUser user;
     ASSERT_TRUE(user.Editor.OpenFile(file));
     for (int click = 0; click < 40; ++click) {
-      const List list = static_cast<List>(random() % 6);
-      if (const std::size_t count = user.Editor.Count(list)) user.Editor.Select(list, random() % count);
+      const List list = static_cast<List>(dice.Below(6));
+      if (const std::size_t count = user.Editor.Count(list)) user.Editor.Select(list, dice.Below(count));
     }
     EXPECT_TRUE(user.Editor.Saved());
     ASSERT_TRUE(user.Editor.SaveFile(folder.Path("copy.def")));

@@ -3,9 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <optional>
-#include <random>
 
+#include "tests/laws/Dice.h"
 #include "tests/support/FailureCode.h"
 
 namespace {
@@ -40,49 +39,29 @@ struct PlainCollection {
 };
 
 TEST(KeyedCollection, BehavesLikeAPlainList) {
-  std::mt19937 random(7);
+  laws::Dice dice(7);
   const std::vector<std::string> keys = {"a", "A", "b", "ü", "Ü", "word", "WORD", "Word "};
   KeyedCollection<int> collection;
   PlainCollection plain;
   for (int step = 0; step < 20000; ++step) {
-    const std::string& key = keys[random() % keys.size()];
-    auto entry = std::make_shared<int>(step);
-    switch (random() % 8) {
-      case 0:
-        collection.Add(entry);
-        plain.Entries.push_back({step, ""});
-        break;
-      case 1:
-      case 2:
-        ASSERT_EQ(CodeOf([&] { collection.Add(entry, key); }), plain.Add(step, key));
-        break;
-      case 3:
-        collection.AddReplacing(entry, key);
-        plain.Remove(key);
-        plain.Add(step, key);
-        break;
-      case 4:
-      case 5:
-        ASSERT_EQ(CodeOf([&] { collection.Remove(key); }), plain.Remove(key));
-        break;
-      case 6: {
-        const auto found = plain.Find(key);
-        const auto item = collection.Find(key);
-        ASSERT_EQ(item ? *item : -1, found == plain.Entries.end() ? -1 : found->Value);
-        ASSERT_EQ(CodeOf([&] { collection.Item(key); }), item ? 0 : 5);
-        break;
-      }
-      default:
-        if (plain.Entries.size() > 20) collection.Clear(), plain.Entries.clear();
-    }
+    const std::string key = dice.Pick(keys);
+    const auto entry = std::make_shared<int>(step);
+    const std::size_t action = dice.Below(8);
+    if (action == 0) collection.Add(entry), plain.Entries.push_back({step, ""});
+    int code = 0, expected = 0;
+    if (action == 1 || action == 2) code = CodeOf([&] { collection.Add(entry, key); }), expected = plain.Add(step, key);
+    if (action == 3) collection.AddReplacing(entry, key), plain.Remove(key), plain.Add(step, key);
+    if (action == 4 || action == 5) code = CodeOf([&] { collection.Remove(key); }), expected = plain.Remove(key);
+    if (action == 6 && plain.Entries.size() > 20) collection.Clear(), plain.Entries.clear();
+    ASSERT_EQ(code, expected);
+
+    const auto found = plain.Find(key);
+    const auto item = collection.Find(key);
+    ASSERT_EQ(item ? *item : -1, found == plain.Entries.end() ? -1 : found->Value);
+    ASSERT_EQ(CodeOf([&] { collection.Item(key); }), item ? 0 : 5);
     ASSERT_EQ(collection.Count(), plain.Entries.size());
-    if (step % 3 == 0) {
-      std::size_t place = random() % (plain.Entries.size() + 2);
-      if (place >= 1 && place <= plain.Entries.size())
-        ASSERT_EQ(*collection.Item(place), plain.Entries[place - 1].Value);
-      else
-        ASSERT_EQ(CodeOf([&] { collection.Item(place); }), 9);
-    }
+    for (const std::size_t outside : {std::size_t{0}, plain.Entries.size() + 1})
+      ASSERT_EQ(CodeOf([&] { collection.Item(outside); }), 9);
     std::size_t walked = 0;
     for (const auto& each : collection) {
       ASSERT_EQ(*each, plain.Entries.at(walked++).Value);

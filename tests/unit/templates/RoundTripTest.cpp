@@ -75,10 +75,10 @@ void ExpectLoads(const std::string& text, EditorTemplate source) {
 }
 
 TEST(RoundTrip, BothReadersGiveWhatWasWritten) {
-  for (unsigned seed = 0; seed < 500 && !testing::Test::HasFailure(); ++seed) {
+  for (std::uint64_t seed = 0; seed < 500 && !testing::Test::HasFailure(); ++seed) {
     SCOPED_TRACE("seed " + std::to_string(seed));
-    std::mt19937 random(seed);
-    const EditorTemplate source = tests::RandomTemplate(random);
+    laws::Dice dice(seed);
+    const EditorTemplate source = tests::RandomTemplate(dice);
     const std::string text = WriteTemplate(source, "1/2/2024");
     CollectedMessages messages;
     const EditorReadResult read = ReadEditorTemplateText(text, "x.def", messages);

@@ -1,63 +1,48 @@
 #include "tests/unit/templates/SampleTemplates.h"
 
-#include <array>
 #include <sstream>
-#include <string_view>
 
 namespace tests {
 namespace {
 
+using laws::Dice;
 using templates::colWord, templates::EditorTemplate, templates::Word, templates::WrdAct;
 
-/// Draws a number below `limit`.
-int Draw(std::mt19937& random, int limit) {
-  return static_cast<int>(random() % static_cast<unsigned>(limit));
-}
-
-/// A text of up to `longest` pieces out of `pieces`.
-template <std::size_t Count>
-std::string Text(std::mt19937& random, const std::array<std::string_view, Count>& pieces, int longest) {
+/// A text of up to `longest` pieces.
+std::string Text(Dice& dice, const std::vector<std::string>& pieces, std::size_t longest) {
   std::string text;
-  for (int left = Draw(random, longest + 1); left > 0; --left)
-    text += pieces[static_cast<std::size_t>(Draw(random, Count))];
+  for (std::size_t left = dice.Below(longest + 1); left > 0; --left) text += dice.Pick(pieces);
   return text;
 }
 
-constexpr std::array<std::string_view, 9> WordPieces = {"a", "B", "b", "ü", "Ü", ";", "€", "\xF0\x9F\x8E\x88", "'"};
-constexpr std::array<std::string_view, 10> NamePieces = {"a", "B", "ü", " ", ";", "x", ":", "W", "#", "C: "};
-constexpr std::array<std::string_view, 9> LinePieces = {"a", " ", "\"", ";", "ß", ",", "(", "T: 3", "€"};
-constexpr std::array<std::string_view, 9> BlockPieces = {"a", " ", "\r\n", "\n", "\r", ";", "\"", "ü", "N: no\r\n"};
-
-std::string OneWord(std::mt19937& random) {
-  return Text(random, WordPieces, 4);
+std::string OneWord(Dice& dice) {
+  return Text(dice, {"a", "B", "b", "ü", "Ü", ";", "€", "\xF0\x9F\x8E\x88", "'"}, 4);
 }
-std::string OneName(std::mt19937& random) {
-  return Text(random, NamePieces, 4);
+std::string OneName(Dice& dice) {
+  return Text(dice, {"a", "B", "ü", " ", ";", "x", ":", "W", "#", "C: "}, 4);
 }
-std::string OneLine(std::mt19937& random) {
-  return Text(random, LinePieces, 6);
+std::string OneLine(Dice& dice) {
+  return Text(dice, {"a", " ", "\"", ";", "ß", ",", "(", "T: 3", "€"}, 6);
 }
 
-std::shared_ptr<colWord> RandomColourWord(std::mt19937& random) {
+std::shared_ptr<colWord> RandomColourWord(Dice& dice) {
   auto word = std::make_shared<colWord>();
-  word->StartWord = OneWord(random);
-  word->EndPoint = static_cast<std::int16_t>(Draw(random, 5) - 1);
-  word->EndWord = OneWord(random);
-  word->Colour = static_cast<std::int16_t>(Draw(random, 9) - 2);
-  word->IncludeWord = Draw(random, 2) == 1;
+  word->StartWord = OneWord(dice);
+  word->EndPoint = static_cast<std::int16_t>(dice.Between(-1, 3));
+  word->EndWord = OneWord(dice);
+  word->Colour = static_cast<std::int16_t>(dice.Between(-2, 6));
+  word->IncludeWord = dice.Chance(50);
   return word;
 }
 
-std::shared_ptr<Word> RandomWord(std::mt19937& random) {
+std::shared_ptr<Word> RandomWord(Dice& dice) {
   auto word = std::make_shared<Word>();
-  word->Name = OneName(random);
-  constexpr std::array<std::string_view, 5> Delimeters = {" ", ".", "(", "é", ";"};
-  for (std::string_view delimeter : Delimeters) {
-    if (Draw(random, 3) > 0) continue;
-    std::vector<std::pair<std::string, int>> entries(static_cast<std::size_t>(Draw(random, 4)));
-    for (auto& [text, icon] : entries) text = "e" + OneLine(random), icon = Draw(random, 9) - 1;
-    MakeAction(static_cast<std::int16_t>(1 + Draw(random, 3)), std::string(delimeter), OneLine(random), entries)
-        ->AddTo(word->Actions);
+  word->Name = OneName(dice);
+  for (const char* delimeter : {" ", ".", "(", "é", ";"}) {
+    if (dice.Chance(67)) continue;
+    std::vector<std::pair<std::string, int>> entries(dice.Below(4));
+    for (auto& [text, icon] : entries) text = "e" + OneLine(dice), icon = dice.Between(-1, 7);
+    MakeAction(static_cast<std::int16_t>(dice.Between(1, 3)), delimeter, OneLine(dice), entries)->AddTo(word->Actions);
   }
   return word;
 }
@@ -108,20 +93,20 @@ EditorTemplate FullTemplate() {
   return full;
 }
 
-EditorTemplate RandomTemplate(std::mt19937& random) {
+EditorTemplate RandomTemplate(Dice& dice) {
   EditorTemplate made;
   for (std::string* line : {&made.Name, &made.Extension, &made.Delimeters, &made.ExecuteCommand, &made.Version,
                             &made.Author, &made.Date, &made.Comments})
-    *line = OneLine(random);
-  made.HelpFile = "h" + OneLine(random);
-  made.CaseSensitive = Draw(random, 2) == 1;
-  made.Font = static_cast<std::int16_t>(Draw(random, 3));
-  made.InitialText = Text(random, BlockPieces, 8);
-  for (int i = Draw(random, 5); i > 0; --i)
-    made.Palette.push_back({static_cast<rich_text::ColourValue>(random() & 0xFFFFFF), OneLine(random)});
-  for (int i = Draw(random, 9); i > 0; --i) made.ColourWords.push_back(RandomColourWord(random));
-  for (int i = Draw(random, 5); i > 0; --i) made.Words.push_back(RandomWord(random));
-  for (int i = Draw(random, 9); i > 0; --i) made.Synonyms.push_back({OneName(random), OneName(random)});
+    *line = OneLine(dice);
+  made.HelpFile = "h" + OneLine(dice);
+  made.CaseSensitive = dice.Chance(50);
+  made.Font = static_cast<std::int16_t>(dice.Between(0, 2));
+  made.InitialText = Text(dice, {"a", " ", "\r\n", "\n", "\r", ";", "\"", "ü", "N: no\r\n"}, 8);
+  for (std::size_t i = dice.Below(5); i > 0; --i)
+    made.Palette.push_back({static_cast<rich_text::ColourValue>(dice.Next() & 0xFFFFFF), OneLine(dice)});
+  for (std::size_t i = dice.Below(9); i > 0; --i) made.ColourWords.push_back(RandomColourWord(dice));
+  for (std::size_t i = dice.Below(5); i > 0; --i) made.Words.push_back(RandomWord(dice));
+  for (std::size_t i = dice.Below(9); i > 0; --i) made.Synonyms.push_back({OneName(dice), OneName(dice)});
   return made;
 }
 

@@ -3,10 +3,10 @@
 // without the writer's help, so that two can be compared and a difference read.
 
 #include <cstdint>
-#include <random>
 #include <string>
 
 #include "templates/EditorTemplate.h"
+#include "tests/laws/Dice.h"
 
 namespace tests {
 
@@ -14,7 +14,7 @@ namespace tests {
 templates::EditorTemplate FullTemplate();
 
 /// Any template that a file can hold: texts with blanks, quotes and non-ASCII characters, repeated words and synonyms.
-templates::EditorTemplate RandomTemplate(std::mt19937& random);
+templates::EditorTemplate RandomTemplate(laws::Dice& dice);
 
 std::string Describe(const templates::colWord& word);
 std::string Describe(const templates::Word& word);

@@ -14,9 +14,6 @@ class Editing(desktop.Path):
             editor.wait_status("Using 'JavaScript' Template")
             colours = [editor.area().colour_at(SCRIPT.index(word)) for word in ("//", "var", "row =", "first'")]
             self.assertEqual(colours, ["0,128,0", "0,0,230", None, "160,20,20"], "comment, keyword, name, text")
-        with self.step("each tool is there once"):
-            tools = [tool.name for tool in editor.frame.find("tool bar", "Toolbar").children() if tool.name]
-            self.assertEqual(sorted(tools), sorted(set(tools)))
         with self.step("type"):
             self.desktop.keys("ctrl+End")
             self.desktop.type("// more\n")

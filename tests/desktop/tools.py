@@ -36,6 +36,8 @@ write 5
 """
 HELP = "Quillmark Help Definition File\n\n\nStart:touch {home}/\nEnd:\nalpha,helped,Alpha\n"
 TEXT = "alpha beta\nalpha gamma" + 60 * " delta" + "\n"
+ALPHA = 5 * ["shift+Right"]  # selects the first word
+FONTS = ("Proportional", "Fixed Width", "DOS")
 
 
 # How tools look.
@@ -246,6 +248,8 @@ class Tools(desktop.Path):
                     self.rest()
                     effect = self.opens(*DIALOGS[name]) if name in DIALOGS else EFFECTS[name](self)
                     next(effect)
+                    if name in self.buttons:
+                        desktop.wait(lambda: self.buttons[name].has("ENABLED"), "the tool to be ready")
                     go()
                     next(effect, None)
                 except AssertionError as error:
@@ -261,10 +265,6 @@ class Tools(desktop.Path):
         self.editor.wait_text(TEXT)
         self.desktop.keys("ctrl+Home")
         desktop.wait_equal(lambda: self.editor.area().selection, (0, 0), "the selection")
-
-    def wait_undo(self):
-        """Typing can be undone when it pauses."""
-        desktop.wait(lambda: self.buttons["Undo"].has("ENABLED"), "something to undo")
 
     # What is seen of them: each is prepared, and looked at when the command has been given.
 
@@ -297,41 +297,13 @@ class Tools(desktop.Path):
         self.wait_file(self.home / "one.js", "x" + TEXT)
         self.desktop.keys("ctrl+Home", "Delete")
 
-    def undoes(self):
-        self.desktop.keys("x")
-        self.editor.wait_text("x" + TEXT)
-        self.wait_undo()
+    def changes(self, before, text, back, then=()):
+        """Keys before it, keys behind it, the text that there is now, and keys that bring the old one back."""
+        self.desktop.keys(*before)
         yield
-        self.editor.wait_text(TEXT)
-
-    def redoes(self):
-        self.desktop.keys("x")
-        self.wait_undo()
-        self.desktop.keys("ctrl+z")
-        self.editor.wait_text(TEXT)
-        desktop.wait(lambda: self.buttons["Redo"].has("ENABLED"), "something to redo")
-        yield
-        self.editor.wait_text("x" + TEXT)
-        self.desktop.keys("ctrl+Home", "Delete")
-
-    def cuts(self):
-        self.desktop.keys(*["shift+Right"] * 5)
-        yield
-        self.editor.wait_text(TEXT[5:])
-        self.desktop.keys("ctrl+v")
-
-    def copies(self):
-        self.desktop.keys(*["shift+Right"] * 5)
-        yield
-        self.desktop.keys("ctrl+End", "ctrl+v")
-        self.editor.wait_text(TEXT + "alpha")
-        self.desktop.keys(*["BackSpace"] * 5)
-
-    def pastes(self):
-        self.desktop.keys("End", *["shift+Left"] * 5, "ctrl+c", "ctrl+Home")
-        yield
-        self.editor.wait_text(" beta" + TEXT)
-        self.desktop.keys(*["BackSpace"] * 5)
+        self.desktop.keys(*then)
+        self.editor.wait_text(text)
+        self.desktop.keys(*back)
 
     def finds_next(self):
         self.desktop.keys("ctrl+f")
@@ -362,8 +334,7 @@ class Tools(desktop.Path):
     def looks(self, font):
         yield
         area = self.editor.area()
-        fonts = ("Proportional", "Fixed Width", "DOS")
-        desktop.wait_equal(lambda: [f for f in fonts if self.buttons[f].has("CHECKED")], [font], "the checked font")
+        desktop.wait_equal(lambda: [f for f in FONTS if self.buttons[f].has("CHECKED")], [font], "the checked font")
         is_fixed = font != "Proportional"  # an "l" is then as wide as an "m"
         desktop.wait(lambda: (area.width_at(TEXT.index("l")) == area.width_at(TEXT.index("m"))) == is_fixed, "the font")
 
@@ -453,26 +424,22 @@ EFFECTS = {
     "JavaScript Preview": lambda self: self.makes("opened", "~Preview.html"),
     "1 one.js": Tools.reopens,
     "Select All": lambda self: self.selects(0, len(TEXT)),
-    "Undo": Tools.undoes,
-    "Redo": Tools.redoes,
-    "Cut": Tools.cuts,
-    "Copy": Tools.copies,
-    "Paste": Tools.pastes,
+    "Undo": lambda self: self.changes([*ALPHA, "ctrl+x"], TEXT, []),
+    "Redo": lambda self: self.changes([*ALPHA, "ctrl+x", "ctrl+z"], TEXT[5:], ["ctrl+v"]),
+    "Cut": lambda self: self.changes(ALPHA, TEXT[5:], ["ctrl+v"]),
+    "Copy": lambda self: self.changes(ALPHA, TEXT + "alpha", 5 * ["BackSpace"], ["ctrl+End", "ctrl+v"]),
+    "Paste": lambda self: self.changes([*ALPHA, "ctrl+c", "ctrl+End"], TEXT + "alpha", 5 * ["BackSpace"]),
     "Find Next": Tools.finds_next,
     "Refresh Colouring": Tools.colours,
     "Word Wrap": Tools.wraps,
-    "Proportional": lambda self: self.looks("Proportional"),
-    "Fixed Width": lambda self: self.looks("Fixed Width"),
-    "DOS": lambda self: self.looks("DOS"),
+    **{font: lambda self, font=font: self.looks(font) for font in FONTS},
     "Context Help": lambda self: self.makes("helped", ""),
     "Tile Horizontally": lambda self: self.arranges(lambda one, front: one[:3:2] == front[:3:2] and one[1] > front[1]),
     "Tile Vertically": lambda self: self.arranges(lambda one, front: one[1::2] == front[1::2] and one[0] > front[0]),
     "Cascade": lambda self: self.arranges(
         lambda one, front: one[2:] == front[2:] and one[0] < front[0] < one[0] + 90 and one[1] < front[1] < one[1] + 90),
     "Arrange Icons": Tools.lines_up,
-    "Toolbar": lambda self: self.hides("Toolbar"),
-    "Fonts": lambda self: self.hides("Fonts"),
-    "Windows": lambda self: self.hides("Windows"),
+    **{bar: lambda self, bar=bar: self.hides(bar) for bar in ("Toolbar", "Fonts", "Windows")},
     "Contents": lambda self: self.helps("Contents", ("tree", "Contents")),
     "Search": lambda self: self.helps("Index", ("text", "Keyword:")),
 }

@@ -15,13 +15,15 @@ std::string FontName(const platform::FontRecord& font) {
   return font.Name.empty() ? "Courier New" : font.Name;
 }
 
+/// Of a line end, or else of a byte.
+std::size_t LengthAt(std::string_view text, std::size_t at) {
+  return std::max<std::size_t>(rich_text::LineEndLength(text, at), 1);
+}
+
 std::string WithLineEnds(std::string_view text, std::string_view lineEnd) {
   std::string converted;
-  for (std::size_t i = 0; i < text.size();) {
-    const std::size_t length = rich_text::LineEndLength(text, i);
-    converted += length == 0 ? text.substr(i, 1) : lineEnd;
-    i += std::max<std::size_t>(length, 1);
-  }
+  for (std::size_t i = 0; i < text.size(); i += LengthAt(text, i))
+    converted += rich_text::LineEndLength(text, i) == 0 ? text.substr(i, 1) : lineEnd;
   return converted;
 }
 
@@ -41,31 +43,12 @@ void AppendRun(std::vector<rich_text::ColourRun>& runs, const rich_text::ColourR
     runs.push_back(run);
 }
 
-/// The same text as `target`, which may differ in its line ends, with the colours carried over.
-StyledText OnText(const StyledText& styled, std::string_view target) {
-  const std::vector<std::int64_t> colours = ColourOfBytes(styled);
-  StyledText result{std::string(target), styled.Colours, {}};
-  for (std::size_t i = 0, j = 0; i < styled.Text.size();) {
-    const std::size_t from = std::max<std::size_t>(rich_text::LineEndLength(styled.Text, i), 1);
-    const std::size_t to = std::max<std::size_t>(rich_text::LineEndLength(target, j), 1);
-    if (colours[i] >= 0) {
-      const auto place = std::find(styled.Colours.begin(), styled.Colours.end(), colours[i]) - styled.Colours.begin();
-      AppendRun(result.Runs, {j, j + to, static_cast<std::uint32_t>(place) + 1});
-    }
-    i += from, j += to;
-  }
-  return result;
-}
-
 }  // namespace
 
 std::vector<std::size_t> MemoryTextControl::Starts() const {
   std::vector<std::size_t> starts = {0};
-  for (std::size_t i = 0; i < m_text.size();) {
-    const std::size_t length = rich_text::LineEndLength(m_text, i);
-    i += std::max<std::size_t>(length, 1);
-    if (length != 0) starts.push_back(i);
-  }
+  for (std::size_t i = 0; i < m_text.size(); i += LengthAt(m_text, i))
+    if (const std::size_t length = rich_text::LineEndLength(m_text, i); length != 0) starts.push_back(i + length);
   return starts;
 }
 
@@ -131,19 +114,20 @@ std::string MemoryTextControl::TextRTF() const {
   return rich_text::WriteRtf(Styled(0, m_text.size()), FontName(m_font));
 }
 
-void MemoryTextControl::Paint(std::size_t start, std::size_t end, const StyledText& styled) {
-  std::fill(m_colours.begin() + static_cast<std::ptrdiff_t>(start),
-            m_colours.begin() + static_cast<std::ptrdiff_t>(end), -1);
+void MemoryTextControl::Paint(std::size_t start, const StyledText& styled) {
   const std::vector<std::int64_t> colours = ColourOfBytes(styled);
-  std::copy(colours.begin(), colours.end(), m_colours.begin() + static_cast<std::ptrdiff_t>(start));
+  for (std::size_t from = 0, to = start; from < styled.Text.size();) {
+    const std::size_t length = LengthAt(m_text, to);
+    std::fill_n(m_colours.begin() + static_cast<std::ptrdiff_t>(to), length, colours[from]);
+    from += LengthAt(styled.Text, from), to += length;
+  }
 }
 
 void MemoryTextControl::SetTextRTF(std::string_view rtf) {
   const StyledText styled = rich_text::ReadRtf(rtf);
   const bool replaces = !rich_text::EqualButForLineEnds(styled.Text, m_text);
-  const std::string text = replaces ? WithLineEnds(styled.Text, m_lineEnd) : m_text;
-  if (replaces) Replace(0, m_text.size(), text, 0);
-  Paint(0, text.size(), OnText(styled, text));
+  if (replaces) Replace(0, m_text.size(), WithLineEnds(styled.Text, m_lineEnd), 0);
+  Paint(0, styled);
   TellSelection();
 }
 
@@ -191,13 +175,14 @@ std::string MemoryTextControl::LinesRTF(std::size_t first, std::size_t last) con
 void MemoryTextControl::SetLinesRTF(std::size_t first, std::size_t last, std::string_view rtf) {
   const std::size_t start = LineStart(first), end = EndOfLine(last);
   const StyledText styled = rich_text::ReadRtf(rtf);
-  const std::string text = m_text.substr(start, end - start);
-  if (rich_text::EqualButForLineEnds(styled.Text, text)) Paint(start, LineStart(last + 1), OnText(styled, text));
+  if (!rich_text::EqualButForLineEnds(styled.Text, m_text.substr(start, end - start))) return;
+  Paint(start, styled);
+  Paint(end, {m_text.substr(end, LineStart(last + 1) - end), {}, {}});
 }
 
 void MemoryTextControl::SetColours(const std::vector<rich_text::ColourValue>& colours,
                                    std::vector<rich_text::ColourRun> runs) {
-  Paint(0, m_text.size(), {m_text, colours, std::move(runs)});
+  Paint(0, {m_text, colours, std::move(runs)});
 }
 
 // The keyboard.

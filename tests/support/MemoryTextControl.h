@@ -95,7 +95,8 @@ class MemoryTextControl : public platform::TextControl {
   std::size_t Step(std::size_t offset, bool backwards) const;
   rich_text::StyledText Styled(std::size_t start, std::size_t end) const;
   std::size_t EndOfLine(std::size_t line) const;
-  void Paint(std::size_t start, std::size_t end, const rich_text::StyledText& styled);
+  /// Colours from `start` on as in the text, which may differ in its line ends.
+  void Paint(std::size_t start, const rich_text::StyledText& styled);
 
   platform::TextControlEvents* m_events = nullptr;
   std::string m_text;

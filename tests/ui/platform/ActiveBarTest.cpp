@@ -137,9 +137,8 @@ TEST(ActiveBar, TheIconOfTheSelectedEntryIsSeenOnTheSelectionsColour) {
   EXPECT_EQ(dark, 0);
 }
 
-TEST(ActiveBar, AnArrangementMadeByKeyboardComesBackFromItsText) {
+TEST(ActiveBar, ToolsAreArrangedWithTheButtonsOfTheDialog) {
   Window window;
-  const std::string designed = window.Bar.SaveLayout();
   window.Bar.Customise();
   auto* dialog = window.findChild<QDialog*>();
   ASSERT_NE(dialog, nullptr);
@@ -157,18 +156,6 @@ TEST(ActiveBar, AnArrangementMadeByKeyboardComesBackFromItsText) {
   press("MoveDown");
   press("Remove");
   EXPECT_EQ(window.Bar.ToolsOf("other"), Names{"wrap"});
-  press("Add");
-  window.Bar.ShowBand("bar", false);
-  const std::string arranged = window.Bar.SaveLayout();
-  const Names toolsArranged = window.Bar.ToolsOf("other");
-  ASSERT_EQ(toolsArranged.size(), 2U);
-
-  ASSERT_TRUE(window.Bar.LoadLayout(designed));
-  EXPECT_TRUE(window.Bar.BandShown("bar"));
-  EXPECT_EQ(window.Bar.ToolsOf("other"), Names{"wrap"});
-  ASSERT_TRUE(window.Bar.LoadLayout(arranged));
-  EXPECT_FALSE(window.Bar.BandShown("bar"));
-  EXPECT_EQ(window.Bar.ToolsOf("other"), toolsArranged);
 }
 
 }  // namespace

@@ -28,13 +28,6 @@ const platform::BarDesign& Design() {
 const platform::MessageBox Unloadable = {
     .Text = "An Error occured when trying to load the layout changes.  Default layout will be used",
     .Icon = PromptIcon::Critical};
-const platform::MessageBox Unsavable = {
-    .Text = "An Error occured when trying to save the layout changes.  Default layout will be used",
-    .Icon = PromptIcon::Critical};
-const platform::MessageBox Upgrade = {
-    .Text = "Toolbars must be reset for this upgrade of Quillmark.  Press OK to reset toolbars.",
-    .Title = "Quillmark Upgrade",
-    .Icon = PromptIcon::Information};
 
 class ToolbarLayoutTest : public testing::Test {
  protected:
@@ -60,6 +53,7 @@ class ToolbarLayoutTest : public testing::Test {
     platform::BandLayout layout = window.Bar.Layout();
     layout.Move("Toolbar", 0, "Other", 0);
     layout.Show("MenuBar", !hideMenuBar);
+    layout.Show("Other", false);
     window.Bar.Apply(layout);
     Made(window).SaveToolbarLayout();
     return window.Bar.Layout();
@@ -76,7 +70,8 @@ class ToolbarLayoutTest : public testing::Test {
 TEST_F(ToolbarLayoutTest, AnArrangementLastsFromRunToRun) {
   EXPECT_EQ(Start(""), Designed) << "a first start says nothing";
   const platform::BandLayout changed = Rearrange();
-  EXPECT_FALSE(changed == Designed);
+  EXPECT_EQ(changed.Find("Other")->Tools.size(), 2U);
+  EXPECT_FALSE(changed.Find("Other")->Place.Shown);
   EXPECT_EQ(Start(), changed);
   EXPECT_EQ(Steps, "");
   Rearrange(true);
@@ -98,7 +93,9 @@ TEST_F(ToolbarLayoutTest, AFileThatCannotBeUsedIsToldAndDeleted) {
 
 TEST_F(ToolbarLayoutTest, AnUpgradeResetsTheBarsOnce) {
   Rearrange();
-  Prompts.Expect(Upgrade);
+  Prompts.Expect({.Text = "Toolbars must be reset for this upgrade of Quillmark.  Press OK to reset toolbars.",
+                  .Title = "Quillmark Upgrade",
+                  .Icon = PromptIcon::Information});
   EXPECT_EQ(Start("2.1"), Designed);
   EXPECT_FALSE(FileIsThere());
   EXPECT_EQ(Start(), Designed);
@@ -107,7 +104,8 @@ TEST_F(ToolbarLayoutTest, AnUpgradeResetsTheBarsOnce) {
 TEST_F(ToolbarLayoutTest, AFileThatCannotBeWrittenIsToldAndDeleted) {
   std::filesystem::create_directory(File);
   Window window;
-  Prompts.Expect(Unsavable);
+  Prompts.Expect({.Text = "An Error occured when trying to save the layout changes.  Default layout will be used",
+                  .Icon = PromptIcon::Critical});
   Made(window).SaveToolbarLayout();
   EXPECT_FALSE(FileIsThere());
 }
@@ -126,7 +124,6 @@ TEST_F(ToolbarLayoutTest, ResetsOneBandOrAll) {
   EXPECT_EQ(Steps, "");
   layout.ResetToolbars();
   EXPECT_EQ(window.Bar.Layout(), Designed);
-  EXPECT_EQ(Steps, "templates buttons tabs ");
 }
 
 }  // namespace

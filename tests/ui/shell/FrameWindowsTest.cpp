@@ -84,21 +84,6 @@ TEST_F(FrameWindowsTest, TilesLieAboveOrBesideEachOther) {
   }
 }
 
-TEST_F(FrameWindowsTest, CascadedWindowsAreLargeAndShowTheirTitles) {
-  std::vector<Child*> children;
-  for (const char* name : {"a", "b", "c"}) children.push_back(Add(name));
-  m_windows.Cascade();
-  const QRect area = m_windows.viewport()->rect();
-  QPoint before(-1, -1);
-  for (const Child* child : children) {
-    const QRect place = Window(child)->geometry();
-    EXPECT_TRUE(area.contains(place));
-    EXPECT_GT(place.width() * place.height(), area.width() * area.height() / 2);
-    EXPECT_TRUE(place.left() > before.x() && place.top() > before.y()) << "the one in front comes last";
-    before = place.topLeft();
-  }
-}
-
 TEST_F(FrameWindowsTest, IconsStandInARowAndOutOfTheTilesWay) {
   Child* first = Add("a");
   Child* second = Add("b");

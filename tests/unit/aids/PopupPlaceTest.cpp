@@ -23,12 +23,11 @@ TEST(PopupPlace, UnderTheCaretAndWhollyOnItsScreen) {
   EXPECT_EQ(TipBox(caret, 450, 900, 300), (Box{15 * 99 - 450, 15 * 68, 900, 300}));
 
   const Box screen{0, 0, 15 * 1000, 15 * 800}, second{15 * 1000, 15 * 100, 15 * 1000, 15 * 800};
-  struct Case {
+  const struct {
     const char* Where;
     CaretPoint Caret;
     Box Screen, Expected;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"in the middle", {.X = 100, .Y = 50, .tmHeight = 18}, screen, {15 * 80, 15 * 68, 1500, 1500}},
       {"just fits below", {.X = 100, .Y = 682, .tmHeight = 18}, screen, {15 * 80, 15 * 700, 1500, 1500}},
       {"bottom edge: above the line", {.X = 100, .Y = 683, .tmHeight = 18}, screen, {15 * 80, 15 * 583, 1500, 1500}},
@@ -41,7 +40,7 @@ TEST(PopupPlace, UnderTheCaretAndWhollyOnItsScreen) {
        {0, 0, 15000, 1050},
        {1200, 0, 1500, 1500}},
   };
-  for (const Case& c : cases)
+  for (const auto& c : cases)
     EXPECT_EQ(KeptOnScreen(ListBox(c.Caret, 3, 1500, 1500), c.Caret, c.Screen), c.Expected) << c.Where;
 }
 

@@ -24,12 +24,16 @@ using platform::PromptButtons;
 using platform::PromptIcon;
 
 TEST(CommandLines, AreTakenApartAndFilledIn) {
-  struct Case {
+  const struct {
     const char *Line, *Help, *Run;  // "program|arguments"
-  };
-  for (const Case& c : {Case{"hh", "hh|", "hh|"}, Case{"hh topic x", "hh| topic x", "hh|topic x"},
-                        Case{"\"a b\" topic", "a b| topic", "a b|topic"}, Case{"\"a b", "a b|", "a b|"},
-                        Case{"\"a\"", "a|", "a|"}, Case{"", "|", "|"}, Case{"\"", "|", "|"}}) {
+  } cases[] = {{"hh", "hh|", "hh|"},
+               {"hh topic x", "hh| topic x", "hh|topic x"},
+               {"\"a b\" topic", "a b| topic", "a b|topic"},
+               {"\"a b", "a b|", "a b|"},
+               {"\"a\"", "a|", "a|"},
+               {"", "|", "|"},
+               {"\"", "|", "|"}};
+  for (const auto& c : cases) {
     const auto help = SplitHelpCommand(c.Line), run = SplitRunCommand(c.Line);
     EXPECT_EQ(help.Program + '|' + help.Arguments, c.Help) << c.Line;
     EXPECT_EQ(run.Program + '|' + run.Arguments, c.Run) << c.Line;
@@ -70,14 +74,20 @@ TEST(WordAtCaret, ReachesFromDelimiterToDelimiter) {
   Desk desk;
   const std::string wide = "\xE2\x82\xAC\xC3\xA4";
   const std::string longWord(700, 'x');
-  struct Case {
+  const struct {
     std::string Text;
     std::size_t Caret;
     std::string Word;
-  };
-  for (const Case& c : {Case{"a print b", 2, "print"}, Case{"print(x)", 2, "print"}, Case{"print(x)", 5, "print"},
-                        Case{"a  b", 2, ""}, Case{"", 0, ""}, Case{wide + " b", 3, wide}, Case{"a " + wide, 2, wide},
-                        Case{longWord + wide, 650, longWord + wide}, Case{" " + longWord, 701, longWord}}) {
+  } cases[] = {{"a print b", 2, "print"},
+               {"print(x)", 2, "print"},
+               {"print(x)", 5, "print"},
+               {"a  b", 2, ""},
+               {"", 0, ""},
+               {wide + " b", 3, wide},
+               {"a " + wide, 2, wide},
+               {longWord + wide, 650, longWord + wide},
+               {" " + longWord, 701, longWord}};
+  for (const auto& c : cases) {
     desk.Type(c.Text, c.Caret);
     EXPECT_EQ(HelpedWord(desk.Control, desk.State.Template), c.Word) << c.Text << " at " << c.Caret;
   }

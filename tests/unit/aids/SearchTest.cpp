@@ -6,6 +6,7 @@
 #include "aids/FindDialog.h"
 #include "tests/laws/Dice.h"
 #include "tests/support/Characters.h"
+#include "tests/support/LoadedTemplate.h"
 #include "tests/support/MemoryTextControl.h"
 #include "tests/support/ScriptedPrompts.h"
 
@@ -37,13 +38,12 @@ struct Model {
     return !WholeWord || (Delimits(haystack[place - 1]) && Delimits(haystack[place + word.size()]));
   }
 
-  int Find(int direction, std::size_t caret, bool wrapped) const {
+  int Find(int direction, std::size_t caret) const {
     const std::u32string haystack = Haystack();
     int found = -1;
     for (std::size_t p = 0; p < Text.size(); ++p) {
       const bool up = direction == 2;
-      const bool candidate =
-          up ? p < caret && p + Word.size() - 1 <= caret : direction == 0 || wrapped || p >= caret + 1;
+      const bool candidate = up ? p < caret && p + Word.size() - 1 <= caret : direction == 0 || p >= caret + 1;
       if (!candidate || !MatchesAt(haystack, p + 1)) continue;
       found = static_cast<int>(p);
       if (!up) break;
@@ -65,12 +65,6 @@ struct Model {
   }
 };
 
-templates::TemplateFields Delimeters(const std::vector<std::string>& delimeters) {
-  templates::TemplateFields fields;
-  fields.Delimeters = delimeters;
-  return fields;
-}
-
 std::u32string RandomText(laws::Dice& dice, std::size_t longest) {
   static const std::u32string alphabet = U"aAbB ,.\n\u00E4\u00C4\u20AC\U0001F600kK\u212A";
   std::u32string text;
@@ -80,7 +74,7 @@ std::u32string RandomText(laws::Dice& dice, std::size_t longest) {
 }
 
 TEST(Search, FindsAndReplacesWhatThePlainRulesFind) {
-  const templates::TemplateFields fields = Delimeters({" ", ",", ".", "\r", "\n"});
+  const templates::TemplateFields fields = tests::LoadedTemplate("D: ,.\n");
   int found = 0, replaced = 0;
   for (std::uint64_t seed = laws::FirstSeed(); seed < laws::FirstSeed() + laws::Runs(20'000); ++seed) {
     laws::Dice dice(seed);
@@ -94,7 +88,7 @@ TEST(Search, FindsAndReplacesWhatThePlainRulesFind) {
     control.SetSelStart(ToUtf8(model.Text.substr(0, caret)).size());
     DocumentSearch search(control, fields, 1 + dice.Below(30));
 
-    const int expected = model.Find(direction, caret, false);
+    const int expected = model.Find(direction, caret);
     const std::int32_t result = search.Find(word, direction, model.CaseSense, model.WholeWord);
     ASSERT_EQ(result, expected < 0 ? -1 : 0) << "seed " << seed << ": " << ToUtf8(model.Text) << " / " << word;
     if (expected >= 0) {
@@ -118,7 +112,7 @@ TEST(Search, FindsAndReplacesWhatThePlainRulesFind) {
 
 /// A document with a find dialog on it, and the user's answers.
 struct Desk : SearchedDocument {
-  templates::TemplateFields Fields = Delimeters({" ", "(", ")"});
+  templates::TemplateFields Fields = tests::LoadedTemplate("D: ()\n");
   tests::MemoryTextControl Control;
   DocumentSearch Searching{Control, Fields};
   tests::ScriptedPrompts Prompts;
@@ -133,6 +127,10 @@ struct Desk : SearchedDocument {
         {question, "Find", platform::PromptButtons::YesNo, platform::PromptIcon::Question, PromptAnswer::Yes}, answer);
   }
 
+  /// Where the dialog finds the word; -1 for nothing.
+  int FoundAt(const FindFields& fields) {
+    return Dialog.Find(fields) == Outcome::Found ? static_cast<int>(Control.SelStart()) : -1;
+  }
   void ExpectReplaced(const std::string& count) {
     Prompts.Expect({.Text = "Replace Complete.  " + count + " were made.",
                     .Title = "Replace",
@@ -154,14 +152,11 @@ TEST(FindDialog, AllGoesFromTheTopThenDownAndAsksAtTheEnd) {
   Desk desk("one two one");
   desk.Control.SetSelStart(6);
   FindFields fields{.FindWord = "one"};
-  EXPECT_EQ(desk.Dialog.Find(fields), Outcome::Found);
-  EXPECT_EQ(desk.Control.SelStart(), 0U);
-  EXPECT_EQ(desk.Dialog.Find(fields), Outcome::Found);
-  EXPECT_EQ(desk.Control.SelStart(), 8U);
+  EXPECT_EQ(desk.FoundAt(fields), 0);
+  EXPECT_EQ(desk.FoundAt(fields), 8);
   desk.ExpectGoingOn("\"one\" not found, continue search from beginning of document?", PromptAnswer::Yes);
-  EXPECT_EQ(desk.Dialog.Find(fields), Outcome::Found);
-  EXPECT_EQ(desk.Control.SelStart(), 0U);
-  desk.Dialog.Find(fields);
+  EXPECT_EQ(desk.FoundAt(fields), 0);
+  EXPECT_EQ(desk.FoundAt(fields), 8);
   desk.Prompts.Expect({.Text = "No more instances of \"one\" found in document", .Title = "Find"}, PromptAnswer::Ok);
   EXPECT_EQ(desk.Dialog.Find(fields), Outcome::NotFound);
   desk.Dialog.FindWordEdited();
@@ -169,36 +164,18 @@ TEST(FindDialog, AllGoesFromTheTopThenDownAndAsksAtTheEnd) {
   desk.Prompts.Expect({.Text = "\"three\" not found in document", .Title = "Find"}, PromptAnswer::Ok);
   EXPECT_EQ(desk.Dialog.Find(fields), Outcome::NotFound);
   EXPECT_EQ(desk.Dialog.Find({}), Outcome::NoWord);
-}
 
-TEST(FindDialog, AnotherDocumentBeginsASearchOfItsOwn) {
-  Desk desk("one two one");
-  const FindFields fields{.FindWord = "one"};
-  desk.Dialog.Find(fields);
   Desk other("one two one");
   desk.Dialog.SetParentForm(&other);
   other.Control.SetSelStart(6);
-  EXPECT_EQ(desk.Dialog.Find(fields), Outcome::Found);
-  EXPECT_EQ(other.Control.SelStart(), 0U) << "from the top, not on from where the other document was";
-}
-
-TEST(FindDialog, NothingIsReplacedWhileTheTextIsBeingColoured) {
-  Desk desk("one two one");
-  desk.Dialog.ShowReplace();
-  const FindFields fields{.FindWord = "one", .ReplaceWord = "1"};
-  desk.Dialog.Find(fields);
-  desk.Coloured = false;
-  EXPECT_EQ(desk.Dialog.Replace(fields), Outcome::Nothing);
-  desk.Dialog.ReplaceAll(fields);
-  EXPECT_EQ(desk.Control.Text(), "one two one");
+  EXPECT_EQ(desk.Dialog.Find({.FindWord = "one"}), Outcome::Found);
+  EXPECT_EQ(other.Control.SelStart(), 0U) << "another document begins a search of its own";
 }
 
 TEST(FindDialog, UpAsksToGoOnFromTheEndAndFindNextRepeats) {
   Desk desk("a b a b");
-  desk.Control.SetSelStart(0);
   desk.ExpectGoingOn("\"a\" not found, continue search from end of document?", PromptAnswer::Yes);
-  EXPECT_EQ(desk.Dialog.Find({.FindWord = "a", .DirectionIndex = 1}), Outcome::Found);
-  EXPECT_EQ(desk.Control.SelStart(), 4U);
+  EXPECT_EQ(desk.FoundAt({.FindWord = "a", .DirectionIndex = 1}), 4);
   desk.Searching.FindNext(desk.Prompts);
   EXPECT_EQ(desk.Control.SelStart(), 0U);
   desk.ExpectGoingOn("\"a\" not found, continue search from end of document?", PromptAnswer::No);
@@ -212,8 +189,13 @@ TEST(FindDialog, ReplacesWhatIsFoundAndCountsAll) {
   EXPECT_EQ(desk.Dialog.Caption(), "Replace");
   EXPECT_FALSE(desk.Dialog.ReplaceEnabled());
   const FindFields fields{.FindWord = "foo", .ReplaceWord = "foofoo", .MatchCase = true};
-  EXPECT_EQ(desk.Dialog.Find(fields), Outcome::Found);
+  EXPECT_EQ(desk.FoundAt(fields), 0);
   EXPECT_TRUE(desk.Dialog.ReplaceIsDefault());
+  desk.Coloured = false;
+  EXPECT_EQ(desk.Dialog.Replace(fields), Outcome::Nothing);
+  desk.Dialog.ReplaceAll(fields);
+  EXPECT_EQ(desk.Control.Text(), "foo(foo) Foo") << "the text is being coloured";
+  desk.Coloured = true;
   EXPECT_EQ(desk.Dialog.Replace(fields), Outcome::Found);
   EXPECT_EQ(desk.Control.Text(), "foofoo(foo) Foo");
   EXPECT_EQ(desk.Control.SelStart(), 7U);

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/LoadedTemplate.h"
 #include "tests/support/MemoryTextControl.h"
 
 namespace aids {
@@ -38,8 +39,7 @@ TEST(TipRules, ATipClosesWhenItsHintIsTypedOutOrItsWordIsGone) {
       {"a delimiter of two bytes closes", "f(a, b\xC2\xA7", "f", "f(\xC2\xA7", 0, 4, false},
       {"an empty caption", "", "foo", "foo(", 0, 4, false},
   };
-  templates::TemplateFields fields;
-  fields.Delimeters = {"(", ")", ",", "\xC2\xA7", " ", "\r", "\n"};
+  templates::TemplateFields fields = tests::LoadedTemplate("D: (),§\n");
   for (const Case& c : cases) {
     tests::MemoryTextControl control;
     control.SetText(c.Text);

@@ -121,18 +121,17 @@ TEST_F(ColouringTest, EscStopsAndWhatWasFoundStays) {
 }
 
 TEST_F(ColouringTest, TheFourModes) {
-  struct Case {
+  const struct {
     bool UseColours, ReducedColours;
     const char *Whole, *Line;  ///< after a whole run; then, from no colours at all, after line 1 alone
-  };
-  const Case cases[] = {
+  } cases[] = {
       {false, false, ".......|......", ".......|......"},  // the open run asks for a whole run, which takes all away
       {false, true, ".......|......", "11.2222|......"},
       {true, true, "11.2222|222222", "11.2222|......"},
       {true, false, "11.2222|222222", "11.2222|222222"},
   };
   m_control.SetText("if /* a\r\nif \"b\"");
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     m_settings.UseColours = c.UseColours;
     m_settings.ReducedColours = c.ReducedColours;
     m_control.SetColours({0x123456}, {{0, 5, 1}});
@@ -156,11 +155,10 @@ TEST_F(ColouringTest, WithoutColourWordsNothingHappens) {
 }
 
 TEST_F(ColouringTest, LinesWorkedOutByHand) {
-  struct Case {
+  const struct {
     const char *Text, *Picture;
     std::size_t First = 1, Last = 1;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"if x if", "11...11"},
       {"elif if", "......."},                        // a round looks at the first occurrence alone
       {"xif \"a\" if", ".....1..11"},                // and the next one looks again
@@ -177,7 +175,7 @@ TEST_F(ColouringTest, LinesWorkedOutByHand) {
       {"if", "??", 5, 9},
       {"if {\\b}\t// \xC3\xA9", "11......22222"},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     m_control.SetText(c.Text);
     m_control.SetColours({0x123456}, {{0, m_control.Length(), 1}});
     if (c.First == 2 && c.Last == 2) m_control.SetColours({0x123456}, {{3, m_control.Length(), 1}});

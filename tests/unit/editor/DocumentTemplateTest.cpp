@@ -86,12 +86,12 @@ TEST_F(DocumentTemplateTest, CancellingTheChoiceLeavesNoTemplate) {
 }
 
 TEST_F(DocumentTemplateTest, OffersTheTemplateForTheExtension) {
-  struct Case {
+  const struct {
     const char *File, *Extension;
     PromptAnswer Answer;
-  };
-  for (const Case& c : {Case{"a.b.xyz", "xyz", PromptAnswer::Yes}, Case{"c.xyz", "xyz", PromptAnswer::No},
-                        Case{"Makefile", "", PromptAnswer::Yes}}) {
+  } cases[] = {
+      {"a.b.xyz", "xyz", PromptAnswer::Yes}, {"c.xyz", "xyz", PromptAnswer::No}, {"Makefile", "", PromptAnswer::Yes}};
+  for (const auto& c : cases) {
     Open("x", c.File);
     m_document.SetTemplateChosen(true);
     m_frame.Associations.clear();

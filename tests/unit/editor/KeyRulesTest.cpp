@@ -52,14 +52,13 @@ class KeyRulesTest : public tests::DocumentFixture {
 };
 
 TEST_F(KeyRulesTest, KeysByTheirTable) {
-  struct Case {
+  const struct {
     bool Overwrite;
     std::string Before;
     int Key, Shift;
     std::string After;
     bool Consumed;
-  };
-  const std::vector<Case> cases = {
+  } cases[] = {
       // Indentation.
       {false, "a|b", Tab, None, "a    |b", true},
       {false, "a[bc]d", Tab, None, "a    |d", true},
@@ -95,7 +94,7 @@ TEST_F(KeyRulesTest, KeysByTheirTable) {
       {true, "a[bcd]e", Left, ShiftKey, "a[bc]de", true},
       {true, "a|bc", Insert, None, "a|bc", false},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.Before + " key " + std::to_string(c.Key) + " shift " + std::to_string(c.Shift));
     Overwrite(false);
     m_control.SetText("");
@@ -131,11 +130,10 @@ TEST_F(KeyRulesTest, TypingOverwritesWholeCharactersAndNoLineEnd) {
 }
 
 TEST_F(KeyRulesTest, Enter) {
-  struct Case {
+  const struct {
     bool AutoIndent, NewLineForEnter, ListShown;
     std::string Before, After;
-  };
-  const std::vector<Case> cases = {
+  } cases[] = {
       {true, false, false, "x\n   ab|c", "x\n   ab\n   |c"},
       {true, true, false, "  a|", "  a\r\n  |"},
       {true, true, false, "   [a]b", "   \r\n   |b"},
@@ -149,7 +147,7 @@ TEST_F(KeyRulesTest, Enter) {
   // Without indentation Enter is a character like others, and one that ends words.
   m_document.SetTemplate(m_folder.Write("E.def", "N: E\nD: (\n"));
   m_popups.OnWriteIt = [this] { m_control.SetSelText("."); };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.Before);
     m_frame.Values.AutoIndent = c.AutoIndent;
     m_frame.Values.NewLineForEnter = c.NewLineForEnter;
@@ -166,17 +164,14 @@ TEST_F(KeyRulesTest, ADelimeterAfterAnActionWordAsksForItsPopup) {
       m_folder.Write("A.def",
                      "N: A\nD: (.;\nW: \"Print\" 1\n1 \"(\" 0\n\"\"\nW: \"doc.open\" 1\n2 \".\" 0\n\"\"\n"
                      "W: \"alias\" 1\n3 \" \" 0\n\"\"\nY: \"out\" \"print\"\n"));
-  struct Case {
+  const struct {
     std::string Text, Typed, Word;
     bool Tip, List;
-  };
-  for (const Case& c : std::vector<Case>{{"x print|", "(", "Print", true, false},
-                                         {"doc.open|", ".", "doc.open", false, true},
-                                         {"(out|) tail", "(", "Print", true, false},
-                                         {"alias|", " ", "alias", false, false},
-                                         {"print|", ";", "", false, false},
-                                         {"xprint|", "(", "", false, false},
-                                         {"print|", "x", "", false, false}}) {
+  } cases[] = {{"x print|", "(", "Print", true, false},    {"doc.open|", ".", "doc.open", false, true},
+               {"(out|) tail", "(", "Print", true, false}, {"alias|", " ", "alias", false, false},
+               {"print|", ";", "", false, false},          {"xprint|", "(", "", false, false},
+               {"print|", "x", "", false, false}};
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.Text + c.Typed);
     editor::DocumentState& state = m_document.State();
     state.ActionWord = nullptr;

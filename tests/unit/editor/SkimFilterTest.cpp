@@ -41,13 +41,12 @@ TEST(SkimFilter, SortsABlockWithAndWithoutVectorsAlike) {
 }
 
 TEST(SkimFilter, LetsThroughWhatBeginsAWordAndLittleElse) {
-  struct Case {
+  const struct {
     const char* Text;
     bool Sensitive, Insensitive;
-  };
-  for (const Case& c : {Case{"if", true, true}, Case{"IF", false, true}, Case{"iff", false, false},
-                        Case{"constructor", true, true}, Case{"Function", false, true}, Case{"// x", true, true},
-                        Case{"/* x", false, false}, Case{"functio", false, false}}) {
+  } cases[] = {{"if", true, true},        {"IF", false, true},  {"iff", false, false},  {"constructor", true, true},
+               {"Function", false, true}, {"// x", true, true}, {"/* x", false, false}, {"functio", false, false}};
+  for (const auto& c : cases) {
     std::string text = c.Text;
     text.resize(SkimFilter::BlockBytes + SkimFilter::ReadsBehind, ' ');
     for (const bool sensitive : {true, false}) {

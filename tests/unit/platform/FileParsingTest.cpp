@@ -13,10 +13,9 @@ namespace {
 using namespace platform;
 
 TEST(FileParsing, PathsAreTakenApartAtBothSeparators) {
-  struct Case {
+  const struct {
     const char *Path, *Extension, *Name, *Title, *Folder;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"", "", "", "", ""},
       {"readme.txt", "txt", "readme.txt", "readme", ""},
       {"C:\\my.dir\\readme", "dir\\readme", "readme", "readme", "C:\\my.dir\\"},  // the whole path's last "." counts
@@ -26,7 +25,7 @@ TEST(FileParsing, PathsAreTakenApartAtBothSeparators) {
       {"/home/.rc", "rc", ".rc", "", "/home/"},
       {"dir/", "", "", "", "dir/"},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     EXPECT_EQ(FileExtension(c.Path), c.Extension);
     EXPECT_EQ(FileNameOf(c.Path), c.Name);
     EXPECT_EQ(FileTitle(c.Path), c.Title);
@@ -36,12 +35,11 @@ TEST(FileParsing, PathsAreTakenApartAtBothSeparators) {
 
 TEST(FileParsing, LongPathsAreShownShort) {
   const std::string name(30, 'n');
-  struct Case {
+  const struct {
     std::string Path;
     int Maximum;
     std::string Shown;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"C:\\Program Files\\Editor\\Scripts\\test.js", 30, "...\\P..\\Editor\\Scripts\\test.js"},
       {"/home/somebody/Editor/Scripts/test.js", 30, "...\\s..\\Editor\\Scripts\\test.js"},
       {"/home/me/a.js", 30, "/home/me/a.js"},
@@ -53,7 +51,7 @@ TEST(FileParsing, LongPathsAreShownShort) {
       {std::string(60, '/'), 30, ".../../"},
       {"/abc", 2, ".../abc"},
   };
-  for (Case c : cases) {
+  for (auto c : cases) {
     if (c.Path[0] == '/') std::replace(c.Shown.begin(), c.Shown.end(), '\\', '/');
     EXPECT_EQ(ShortenPath(c.Path, c.Maximum), c.Shown) << c.Path;
   }

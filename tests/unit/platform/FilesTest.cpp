@@ -30,11 +30,10 @@ TEST_F(FilesTest, ReadsEveryByteOrTellsWhyNot) {
   m_folder.SetMode("file", 0);
   ASSERT_EQ(::mkfifo(m_folder.Path("pipe").c_str(), 0600), 0);
   const OrdinaryUser user;
-  struct Case {
+  const struct {
     std::string Path, Error;
     bool IsFile, IsFolder;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {m_folder.Path("missing"), "No such file or directory", false, false},
       {m_folder.Path("file/below"), "Not a directory", false, false},
       {m_folder.Path(), "it is a folder", false, true},
@@ -43,7 +42,7 @@ TEST_F(FilesTest, ReadsEveryByteOrTellsWhyNot) {
       {m_folder.Path("pipe"), "it is a pipe, not a file", true, false},
       {"/dev/zero", "it is a device, not a file", true, false},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     const FileContent content = ReadFile(c.Path);
     EXPECT_EQ(content.Error, c.Error) << c.Path;
     EXPECT_EQ(content.Bytes, "");

@@ -14,15 +14,23 @@ TEST(Shell, FindsProgramsInAbsoluteFoldersOfTheSearchPathAlone) {
   const std::string name = file.filename(), folder = file.parent_path();
   const std::filesystem::path before = std::filesystem::current_path();
   std::filesystem::current_path(folder);  // as if the document lay beside a program
-  struct Case {
-    std::string Program, SearchPath, Found;
-  };
   const std::string there = folder + '/' + name, above = "../" + file.parent_path().filename().string();
-  for (const Case& c :
-       {Case{name, folder, there}, Case{name, "/nowhere::.:" + above + ':' + folder, there}, Case{name, "", ""},
-        Case{name, ".", ""}, Case{name, ":", ""}, Case{name, above, ""}, Case{self, "", self},
-        Case{"./" + name, folder, ""}, Case{above + '/' + name, folder, ""}, Case{folder, "", ""}, Case{"", folder, ""},
-        Case{"..", folder, ""}, Case{"/etc/passwd", "", ""}})
+  const struct {
+    std::string Program, SearchPath, Found;
+  } cases[] = {{name, folder, there},
+               {name, "/nowhere::.:" + above + ':' + folder, there},
+               {name, "", ""},
+               {name, ".", ""},
+               {name, ":", ""},
+               {name, above, ""},
+               {self, "", self},
+               {"./" + name, folder, ""},
+               {above + '/' + name, folder, ""},
+               {folder, "", ""},
+               {"", folder, ""},
+               {"..", folder, ""},
+               {"/etc/passwd", "", ""}};
+  for (const auto& c : cases)
     EXPECT_EQ(platform::FindExecutable(c.Program, c.SearchPath), c.Found) << c.Program << " in " << c.SearchPath;
   std::filesystem::current_path(before);
 }

@@ -43,13 +43,12 @@ TEST_F(OptionsModelTest, TheDefaultTemplateIsAFile) {
   const tests::TemporaryFolder folder;
   const std::string file = folder.Write("x.def", "");
   EXPECT_EQ(Model.TemplateEntries(), (std::vector<std::string>{"<none>", "A", "A", "C", "/e.def"}));
-  struct Case {
+  const struct {
     std::optional<std::size_t> Entry;
     std::string Text, Stored;
-  };
-  for (const Case& c :
-       {Case{2, "A", "/b.def"}, Case{3, "C", "/c.def"}, Case{4, "/e.def", "/e.def"}, Case{{}, file, file},
-        Case{{}, "", "*none*"}, Case{1, "A", "/a.def"}, Case{0, "<none>", "*none*"}}) {
+  } cases[] = {{2, "A", "/b.def"}, {3, "C", "/c.def"}, {4, "/e.def", "/e.def"}, {{}, file, file},
+               {{}, "", "*none*"}, {1, "A", "/a.def"}, {0, "<none>", "*none*"}};
+  for (const auto& c : cases) {
     OptionsForm form = Model.Load();
     form.Entry = c.Entry;
     form.TemplateText = c.Text;

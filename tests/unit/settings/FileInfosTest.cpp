@@ -47,21 +47,20 @@ TEST(FileInfos, TheFileIsWrittenToTheByteAndComesBack) {
 }
 
 TEST(FileInfos, HandWrittenSectionsNeverCostAnotherItsRecord) {
-  struct Case {
+  const struct {
     const char *Text, *Records;
+  } cases[] = {
+      {"", ""},
+      {"Synonyms=s\nTemplate=t\n", ""},
+      {"[a]\n\n;x\nSynonyms=s\n synonyms=\nsynonyms=y\n;y\nTemplate=t", "a<s<t "},
+      {"[a]\rTemplate=x\rSynonyms=s\r[b]\rSynonyms=u\rTemplate=y\r", "a<s<y b<u<y "},
+      {"[b]\nSynonyms=u\nTemplate=y\n[a]\nTemplate=x\nSynonyms=s\n", "b<u<y a<s<x "},
+      {"[b]\nSynonyms=u\nTemplate=y\n[a]\nSynonyms=s", "b<u<y a<s< "},
+      {"[b]\nSynonyms=u\nTemplate=y\n[a]\n[c]\nTemplate=t\n", "b<u<y c<<t "},
+      {"[a]\nSynonyms=s\nTemplate=x\n[b]\nSynonyms=\nTemplate=\n[A]\nSynonyms=u\nTemplate=y\n", "b<< A<u<y "},
+      {"[]\nSynonyms=s\nTemplate=x\n[\nSynonyms=s\nTemplate=x\n", ""},
   };
-  for (const Case& c : {
-           Case{"", ""},
-           Case{"Synonyms=s\nTemplate=t\n", ""},
-           Case{"[a]\n\n;x\nSynonyms=s\n synonyms=\nsynonyms=y\n;y\nTemplate=t", "a<s<t "},
-           Case{"[a]\rTemplate=x\rSynonyms=s\r[b]\rSynonyms=u\rTemplate=y\r", "a<s<y b<u<y "},
-           Case{"[b]\nSynonyms=u\nTemplate=y\n[a]\nTemplate=x\nSynonyms=s\n", "b<u<y a<s<x "},
-           Case{"[b]\nSynonyms=u\nTemplate=y\n[a]\nSynonyms=s", "b<u<y a<s< "},
-           Case{"[b]\nSynonyms=u\nTemplate=y\n[a]\n[c]\nTemplate=t\n", "b<u<y c<<t "},
-           Case{"[a]\nSynonyms=s\nTemplate=x\n[b]\nSynonyms=\nTemplate=\n[A]\nSynonyms=u\nTemplate=y\n", "b<< A<u<y "},
-           Case{"[]\nSynonyms=s\nTemplate=x\n[\nSynonyms=s\nTemplate=x\n", ""},
-       })
-    EXPECT_EQ(RecordsOf(c.Text), c.Records) << c.Text;
+  for (const auto& c : cases) EXPECT_EQ(RecordsOf(c.Text), c.Records) << c.Text;
 }
 
 // The plain reader: from each header on, the first "Synonyms=" and the first "Template=" behind it.

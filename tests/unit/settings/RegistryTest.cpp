@@ -76,17 +76,18 @@ TEST(Registry, NewBinariesAreBrokenAtEightyColumns) {
 }
 
 TEST(Registry, ADamagedLineIsToldAndTheLinesAroundItCount) {
-  struct Case {
+  const struct {
     const char *Line, *Damage;
-  };
-  for (const Case& c : {Case{"nonsense", "line 4: this is neither a key nor a value"},
-                        Case{"\"a", "line 4: the name's closing quote is missing"},
-                        Case{"\"a\":1", "line 4: \"=\" is missing behind the name"},
-                        Case{"\"a\"=\"b\\\"", "line 4: the closing quote is missing"},
-                        Case{"\"a\"=\"b\" c", "line 4: something stands behind the closing quote"},
-                        Case{"\"a\"=hex:0g", "line 4: a byte is no pair of hexadecimal digits"},
-                        Case{"\"a\"=hex:01,\\", nullptr}, Case{"\"a\"=-", "line 4: there is no value"},
-                        Case{"[-HKEY_CURRENT_USER\\K]", "line 4: this is no key; the values below it are left out"}}) {
+  } cases[] = {{"nonsense", "line 4: this is neither a key nor a value"},
+               {"\"a", "line 4: the name's closing quote is missing"},
+               {"\"a\":1", "line 4: \"=\" is missing behind the name"},
+               {"\"a\"=\"b\\\"", "line 4: the closing quote is missing"},
+               {"\"a\"=\"b\" c", "line 4: something stands behind the closing quote"},
+               {"\"a\"=hex:0g", "line 4: a byte is no pair of hexadecimal digits"},
+               {"\"a\"=hex:01,\\", nullptr},
+               {"\"a\"=-", "line 4: there is no value"},
+               {"[-HKEY_CURRENT_USER\\K]", "line 4: this is no key; the values below it are left out"}};
+  for (const auto& c : cases) {
     RegistryText text;
     text.Read(FirstLine + "[K]\r\n" + c.Line + "\r\n\"z\"=\"1\"\r\n[L]\n\"y\"=\"2\"");
     if (c.Damage) {

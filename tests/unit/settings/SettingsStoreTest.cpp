@@ -198,16 +198,16 @@ TEST_F(SettingsStoreTest, AnOlderReleasesSettingsAreTakenOverAndRemovedByTheFirs
 }
 
 TEST_F(SettingsStoreTest, AFailedReadNamesItsStepAndKeepsTheRest) {
-  struct Case {
+  Folder.Write("registry.reg", Stored);
+  const struct {
     std::string Key, Value, Status;
     bool FontsRead;
-  };
-  Folder.Write("registry.reg", Stored);
-  for (const Case& c :
-       {Case{"", "WindowPos", "Opening WindowPos Key", false},
-        Case{"\\Associations", "", "Reading Associations", false},
-        Case{"\\Fonts\\Proportional", "Size", "Reading Fonts", true}, Case{"\\History", "", "Reading History", true},
-        Case{"\\Settings", "Flags", "Reading Settings", true}}) {
+  } cases[] = {{"", "WindowPos", "Opening WindowPos Key", false},
+               {"\\Associations", "", "Reading Associations", false},
+               {"\\Fonts\\Proportional", "Size", "Reading Fonts", true},
+               {"\\History", "", "Reading History", true},
+               {"\\Settings", "Flags", "Reading Settings", true}};
+  for (const auto& c : cases) {
     Folder.Write("registry.reg", Stored);
     Edit([&](auto& registry) {
       c.Value.empty() ? registry.DeleteKey(Main + c.Key) : registry.SetValue(Main + c.Key, c.Value, {{}, "text"});

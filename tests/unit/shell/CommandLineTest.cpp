@@ -38,11 +38,10 @@ TEST(CommandLine, ArgumentsAreSwitchesFilesAndPlaces) {
   const tests::TemporaryFolder folder;
   for (const char* name : {"a.js", "b c.js", "d:3.js", "e.js:7", "sub/f.js", "+9"}) folder.Write(name, "");
   const std::string full = folder.Path("a.js");
-  struct Case {
+  const struct {
     std::vector<std::string> Arguments;
     std::string Read;  ///< switches, then the files with their places; "?" before one that does not exist
-  };
-  const Case cases[] = {
+  } cases[] = {
       {{}, ""},
       {{"a.js", "/ResetToolbars", "b c.js"}, "/ResetToolbars a.js b c.js"},
       {{"/resetsettings", "/X"}, "/resetsettings /X"},
@@ -57,7 +56,7 @@ TEST(CommandLine, ArgumentsAreSwitchesFilesAndPlaces) {
       {{"sub", ""}, "sub ?"},
       {{"a.js:99999999999999999999999"}, "?a.js:99999999999999999999999"},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     const CommandLine read = ParseCommandLine(c.Arguments, folder.Path());
     std::string text;
     for (const std::string& token : read.Switches) text += ' ' + token;
@@ -115,22 +114,12 @@ TEST(CommandLine, EveryPathHasACommandOfOneLine) {
 TEST(CommandLine, PlacesAreCharactersInExistingLines) {
   tests::MemoryTextControl control;
   control.SetText("ab\r\n\xC3\xA4\xC3\xB6\xF0\x9F\x98\x80x\n\nend");
-  struct Case {
+  const struct {
     std::size_t Line, Column, Offset;
-  };
-  for (const Case& c : {Case{1, 0, 0},
-                        {1, 2, 1},
-                        {1, 3, 2},
-                        {1, 99, 2},
-                        {2, 1, 4},
-                        {2, 3, 8},
-                        {2, 4, 12},
-                        {2, 99, 13},
-                        {3, 5, 14},
-                        {4, 4, 18},
-                        {99, 2, 16},
-                        {99, 1000000000000, 18}})
-    EXPECT_EQ(OffsetOf(control, c.Line, c.Column), c.Offset) << c.Line << ':' << c.Column;
+  } cases[] = {{1, 0, 0},  {1, 2, 1},   {1, 3, 2},  {1, 99, 2}, {2, 1, 4},   {2, 3, 8},
+               {2, 4, 12}, {2, 99, 13}, {3, 5, 14}, {4, 4, 18}, {99, 2, 16}, {99, 1000000000000, 18}};
+  for (const auto& [line, column, offset] : cases)
+    EXPECT_EQ(OffsetOf(control, line, column), offset) << line << ':' << column;
 }
 
 }  // namespace

@@ -74,11 +74,10 @@ TEST(TemplatesMenu, TheNewDocumentTemplateFollowsItsName) {
   folder.Write("a.def", "N: One\nX: 1\n");
   folder.Write("B.def", "N: Two & Half\n");
   folder.Write("c.def", "N: One\n");
-  struct Case {
+  const struct {
     templates::Template Before;
     std::string Name, File;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {{}, "One", "c.def"},  // the first found, and then the later one of its name
       {{"One", "", ""}, "One", "c.def"},
       {{"Two & Half", "", ""}, "Two & Half", "B.def"},
@@ -86,7 +85,7 @@ TEST(TemplatesMenu, TheNewDocumentTemplateFollowsItsName) {
       {{"Gone", "", folder.Path("gone.def")}, "Gone", "gone.def"},
   };
   tests::ScriptedPrompts prompts;
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     templates::Template chosen = c.Before;
     const TemplatesMenu menu = PopulateTemplates(folder.Path(), chosen, prompts);
     EXPECT_EQ(chosen.Name, c.Name);

@@ -50,13 +50,12 @@ constexpr const char* Loaded =
     " folder preload help settings fileinfo layout history(one) history(two) history() templates";
 
 TEST(StartUp, StepsComeInTheirOrder) {
-  struct Case {
+  const struct {
     std::vector<std::string> Switches;
     std::vector<FileArgument> Files;
     std::string Done;
     bool UseSubclassing = true;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {{}, {}, " show unsaved hook new"},
       {{}, {{"a", "/a", 0, 0}, {"b", "/b", 3, 4}}, " show unsaved open(/a) open(/b:3:4) hook"},
       {{}, {{"r", "/refused", 0, 0}}, " show unsaved open(/refused) hook new"},
@@ -65,7 +64,7 @@ TEST(StartUp, StepsComeInTheirOrder) {
        " defaults+bars delete reset show unsaved open(/a)",
        false},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     RecordingFrame frame;
     bool useSubclassing = false;
     LoadFrame(frame, {CommandLine::Task::Edit, c.Switches, c.Files}, useSubclassing);

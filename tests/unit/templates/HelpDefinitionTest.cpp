@@ -16,10 +16,9 @@ std::string Entries(const std::string& text) {
 
 TEST(HelpDefinition, Entries) {
   const std::string head = "Quillmark Help Definition File\r\nfree\r\n\r\nPre : <\r\nSuf : >\r\n";
-  struct Case {
+  const struct {
     const char *Table, *Entries;
-  };
-  const std::vector<Case> cases = {
+  } cases[] = {
       {"", ""},
       {"a,b,c\r\n", "[a|<b>|c]"},
       {"a,b,c\nd,e,f", "[a|<b>|c][d|<e>|f]"},
@@ -36,7 +35,7 @@ TEST(HelpDefinition, Entries) {
       {"==END==,==END==,x\n==end==,==END==,==END==\n", "[==END==|<==END==>|x][==end==|<==END==>|==END==]"},
       {";a,b,c\n", "[;a|<b>|c]"},
   };
-  for (const Case& c : cases) EXPECT_EQ(Entries(head + c.Table), c.Entries) << c.Table;
+  for (const auto& c : cases) EXPECT_EQ(Entries(head + c.Table), c.Entries) << c.Table;
 }
 
 TEST(HelpDefinition, HeaderLinesByCharacters) {

@@ -33,15 +33,14 @@ TEST(LineReader, EmptyLinesAndCommentsAreSkippedAndCounted) {
 }
 
 TEST(LineReader, CharactersAreCodePointsAndLinesAreCountedInsideThem) {
-  struct Case {
+  // The line behind the stretch, and its number, when the stretch ends in a line, between CR and LF, or behind both.
+  const struct {
     std::size_t Count;
     const char *Taken, *NextLine;
     std::size_t Number;
-  };
-  // The line behind the stretch, and its number, when the stretch ends in a line, between CR and LF, or behind both.
-  for (const Case& c :
-       {Case{0, "", "\xC3\xBC", 2}, Case{1, "\xC3\xBC", "", 2}, Case{2, "\xC3\xBC\r", "", 3},
-        Case{3, "\xC3\xBC\r\n", "xy", 3}, Case{4, "\xC3\xBC\r\nx", "y", 3}, Case{6, "\xC3\xBC\r\nxy\n", "z", 4}}) {
+  } cases[] = {{0, "", "\xC3\xBC", 2},       {1, "\xC3\xBC", "", 2},       {2, "\xC3\xBC\r", "", 3},
+               {3, "\xC3\xBC\r\n", "xy", 3}, {4, "\xC3\xBC\r\nx", "y", 3}, {6, "\xC3\xBC\r\nxy\n", "z", 4}};
+  for (const auto& c : cases) {
     LineReader lines("T\n\xC3\xBC\r\nxy\nz\nend");
     lines.RawLine();
     const auto stretch = lines.TakeCharacters(c.Count);
@@ -58,13 +57,12 @@ TEST(LineReader, CharactersAreCodePointsAndLinesAreCountedInsideThem) {
 }
 
 TEST(Values, FieldsAreCutAtSpacesAndQuotes) {
-  struct Case {
+  const struct {
     const char* Text;
     std::size_t Fields;
     bool Quoted;
     std::vector<std::string> Expected;  ///< empty: too few
-  };
-  const std::vector<Case> cases = {
+  } cases[] = {
       {"rem 1  2 True", 5, false, {"rem", "1", "", "2", "True"}},
       {"rem 1  2", 5, false, {}},
       {"\" 0  1 False", 5, false, {"\"", "0", "", "1", "False"}},
@@ -79,7 +77,7 @@ TEST(Values, FieldsAreCutAtSpacesAndQuotes) {
       {"", 1, true, {""}},
       {"", 2, true, {}},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     std::vector<std::string_view> fields(c.Fields);
     ASSERT_EQ(SplitFields(c.Text, fields, c.Quoted), !c.Expected.empty()) << c.Text;
     if (!c.Expected.empty()) {

@@ -80,13 +80,15 @@ TEST_F(LoaderTest, TipsEndWithADelimeterOfTheLinesBefore) {
 }
 
 TEST_F(LoaderTest, TheTextBlockCountsCharacters) {
-  struct Case {
+  const struct {
     const char *File, *Text, *Name;
-  };
-  for (const Case& c :
-       {Case{"T: 6\r\na\r\n;\r\n\r\nN: x\r\n", "a\r\n;\r\n", "x"}, Case{"T: 4\na\n;\n\nN: x\n", "a\n;\n", "x"},
-        Case{"T: 2\n\xC3\xBC\xE2\x82\xACN: x\n", "\xC3\xBC\xE2\x82\xAC", "x"}, Case{"T: 2\nA\r\nN: x\n", "A\r", "x"},
-        Case{"T: 0\nN: x\n", "", "x"}, Case{"T: 5\nN: a\nN: x", "N: a\n", "x"}}) {
+  } cases[] = {{"T: 6\r\na\r\n;\r\n\r\nN: x\r\n", "a\r\n;\r\n", "x"},
+               {"T: 4\na\n;\n\nN: x\n", "a\n;\n", "x"},
+               {"T: 2\n\xC3\xBC\xE2\x82\xACN: x\n", "\xC3\xBC\xE2\x82\xAC", "x"},
+               {"T: 2\nA\r\nN: x\n", "A\r", "x"},
+               {"T: 0\nN: x\n", "", "x"},
+               {"T: 5\nN: a\nN: x", "N: a\n", "x"}};
+  for (const auto& c : cases) {
     EXPECT_EQ(Load(c.File).InitialText, c.Text) << c.File;
     EXPECT_EQ(Fields.TName, c.Name) << c.File;
     EXPECT_EQ(BadLines(), Numbers{}) << c.File;
@@ -97,13 +99,13 @@ TEST_F(LoaderTest, TheTextBlockCountsCharacters) {
 }
 
 TEST_F(LoaderTest, FontLines) {
-  struct Case {
+  const struct {
     const char* Value;
     int UseFont;
     bool Asked;
-  };
-  for (const Case& c : {Case{"-1", 0, false}, Case{"0", 1, false}, Case{" 2 ", 3, false}, Case{"3", 0, true},
-                        Case{"-2", 0, true}, Case{"99999999999", 0, true}}) {
+  } cases[] = {{"-1", 0, false}, {"0", 1, false}, {" 2 ", 3, false},
+               {"3", 0, true},   {"-2", 0, true}, {"99999999999", 0, true}};
+  for (const auto& c : cases) {
     EXPECT_FALSE(Load("F: 1\nF: " + std::string(c.Value)).Cancelled);
     EXPECT_EQ(Fields.UseFont, c.UseFont) << c.Value;
     ASSERT_EQ(Messages.Problems.size(), c.Asked ? 1U : 0U) << c.Value;
@@ -124,12 +126,11 @@ TEST_F(LoaderTest, FontLines) {
 }
 
 TEST_F(LoaderTest, ABadValueIsReportedAndTheRestOfTheFileStaysInStep) {
-  struct Case {
+  const struct {
     const char* Fault;
     Numbers Lines;  ///< the faulty ones, the first being 1
     const char* Words;
-  };
-  const std::vector<Case> cases = {
+  } cases[] = {
       {"S: yes\n", {1}, ""},
       {"C: #GG\n;name\n", {1}, ""},
       {"L: a b\n", {1}, ""},
@@ -161,7 +162,7 @@ TEST_F(LoaderTest, ABadValueIsReportedAndTheRestOfTheFileStaysInStep) {
        "[w]\n  2 after [.] tip [ ] words 3\n    [entry] icon 0\n    [an] icon 0\n    [ok] icon 2\n"},
       {"W: \"w\" -1\n", {}, "[w]\n"},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     Load(std::string(c.Fault) + "W: \"next\" 1\n2 \".\" 1\n\"\"\nlast 1\nN: after\n");
     EXPECT_EQ(BadLines(), c.Lines) << c.Fault;
     EXPECT_EQ(WordsText(), std::string(c.Words) + "[next]\n  2 after [.] tip [ ] words 1\n    [last] icon 1\n")
@@ -183,15 +184,14 @@ TEST_F(LoaderTest, ABadColourKeepsItsPlace) {
 }
 
 TEST_F(LoaderTest, AFileThatEndsEarlyKeepsWhatItHas) {
-  struct Case {
+  const struct {
     const char* File;
     std::size_t Line;
     const char* Words;
-  };
-  for (const Case& c :
-       {Case{"W: \"x\" 32767\n", 1, "[x]\n"},
-        Case{"W: \"x\" 2\n1 \"(\" 0\n\"t\"\n", 1, "[x]\n  1 after [(] tip [t ] words 0\n"},
-        Case{"W: \"x\" 1\n2 \".\" 32767\n\"\"\na 1\n", 2, "[x]\n  2 after [.] tip [ ] words 1\n    [a] icon 1\n"}}) {
+  } cases[] = {{"W: \"x\" 32767\n", 1, "[x]\n"},
+               {"W: \"x\" 2\n1 \"(\" 0\n\"t\"\n", 1, "[x]\n  1 after [(] tip [t ] words 0\n"},
+               {"W: \"x\" 1\n2 \".\" 32767\n\"\"\na 1\n", 2, "[x]\n  2 after [.] tip [ ] words 1\n    [a] icon 1\n"}};
+  for (const auto& c : cases) {
     Load(c.File);
     EXPECT_EQ(BadLines(), Numbers{c.Line}) << c.File;
     EXPECT_EQ(WordsText(), c.Words) << c.File;

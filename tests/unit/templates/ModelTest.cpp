@@ -54,14 +54,14 @@ TEST(Model, DelimetersAreWholeCharactersWithTheirCase) {
 }
 
 TEST(Model, ExtensionsOfAList) {
-  struct Case {
+  const struct {
     const char *List, *Extension;
     bool Named;
-  };
-  for (const Case& c : {Case{"js", "JS", true}, Case{"js", "j", false}, Case{"htm;html", "html", true},
-                        Case{"htm;html", "htm;html", false}, Case{"htm; Html ", "hTML", true}, Case{"", "", true},
-                        Case{"htm;", "", false}, Case{"", "js", false}, Case{" js", "js", false}})
-    EXPECT_EQ(NamesExtension(c.List, c.Extension), c.Named) << c.List << " / " << c.Extension;
+  } cases[] = {
+      {"js", "JS", true},           {"js", "j", false}, {"htm;html", "html", true}, {"htm;html", "htm;html", false},
+      {"htm; Html ", "hTML", true}, {"", "", true},     {"htm;", "", false},        {"", "js", false},
+      {" js", "js", false}};
+  for (const auto& c : cases) EXPECT_EQ(NamesExtension(c.List, c.Extension), c.Named) << c.List << " / " << c.Extension;
   EXPECT_EQ(ExtensionsOf("; htm ;;html"), (std::vector<std::string>{"htm", "html"}));
 }
 

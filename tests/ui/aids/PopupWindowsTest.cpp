@@ -132,16 +132,11 @@ TEST_F(PopupWindows, TheMouseChooses) {
 
 TEST_F(PopupWindows, TheyHideWhileAnotherWindowIsActive) {
   OpenList("setTimeout(");
-  const auto activate = [](QWidget& window) {
-    window.activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
-  };
   QWidget other;
-  other.show();
-  activate(other);
+  Activate(other);
   EXPECT_FALSE(List().isVisible());
   EXPECT_NE(List().OwnerWin(), nullptr) << "it is still there";
-  activate(m_frame);
+  Activate(m_frame);
   EXPECT_TRUE(List().isVisible());
   Play("bo<Tab>");
   EXPECT_EQ(Text().Text(), "setTimeout(document.body");

@@ -69,26 +69,14 @@ TEST_F(HelpKeyTest, F1InTheFrameIsTheCommandAndInAMessageThePageOfItsWindow) {
   QTest::keyClick(&m_frame, Qt::Key_F1);
   EXPECT_EQ(Page(), "index.html") << "without a document it opens the contents";
   Help()->close();
-  editor::ui::Mainwin* document = (m_frame.OpenFile(m_folder.Write("a.js", "zzz\n")), m_frame.ActiveDocument());
+  editor::ui::Mainwin& document = Open("a.js", "zzz\n");
   m_prompts.Expect({.Text = "No help is available for \"zzz\".  Sorry."});
-  QTest::keyClick(document->TextArea().viewport(), Qt::Key_F1);
+  QTest::keyClick(document.TextArea().viewport(), Qt::Key_F1);
   EXPECT_EQ(Page(), "");
 
   platform::qt::QtPrompts prompts;
   tests::Activate(m_frame);
   EXPECT_EQ(PageOfDialog([&] { prompts.Show({.Text = "A message"}); }), ": frame.html");
-}
-
-TEST_F(HelpKeyTest, TheHelpMenuOpensContentsAndKeywords) {
-  Tool("miHContents").trigger();
-  EXPECT_EQ(Page(), "index.html");
-  auto* tabs = Help()->findChild<QTabWidget*>(QStringLiteral("HelpNavigation"));
-  EXPECT_EQ(tabs->currentIndex(), 0);
-  Tool("miHSearch").trigger();
-  EXPECT_EQ(tabs->currentIndex(), 1);
-  EXPECT_EQ(Help()->focusWidget()->objectName(), QStringLiteral("HelpKeyword"));
-  m_frame.close();
-  EXPECT_EQ(Page(), "") << "it goes with the frame";
 }
 
 TEST_F(HelpKeyTest, TheAboutBoxTellsVersionsAndShowsTheLicence) {
@@ -104,6 +92,8 @@ TEST_F(HelpKeyTest, TheAboutBoxTellsVersionsAndShowsTheLicence) {
     EXPECT_NE(texts.find(part), std::string::npos) << part << " is missing in: " << texts;
   EXPECT_EQ(Page(), "licence.html");
   EXPECT_TRUE(Help()->Page().toPlainText().contains(QStringLiteral("TERMS AND CONDITIONS")));
+  m_frame.close();
+  EXPECT_EQ(Page(), "") << "the help goes with the frame";
 }
 
 }  // namespace

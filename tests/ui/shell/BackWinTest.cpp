@@ -61,11 +61,10 @@ TEST_F(FrameTest, TheTemplatePanelLetsTheUserChooseATemplate) {
   EXPECT_TRUE(rich_text::ReadRtf(window.TextArea().TextRTF()).Runs.empty());
   m_prompts.ExpectOpenFile("Select Template", std::string(Templates) + "/Python.def");
   m_prompts.ExpectAssociating("zzz", PromptAnswer::Yes);
-  auto* panel = m_frame.findChild<QToolButton*>(QStringLiteral("Template"));
-  ASSERT_NE(panel, nullptr);
-  EXPECT_EQ(panel->text(), QStringLiteral("Using '<none>' Template"));
-  QTest::mouseClick(panel, Qt::LeftButton);
-  EXPECT_EQ(panel->text(), QStringLiteral("Using 'Python' Template"));
+  const auto& panel = tests::Child<QToolButton>(m_frame, "Template");
+  EXPECT_EQ(panel.text(), QStringLiteral("Using '<none>' Template"));
+  tests::Click(m_frame, "Template");
+  EXPECT_EQ(panel.text(), QStringLiteral("Using 'Python' Template"));
   EXPECT_FALSE(rich_text::ReadRtf(window.TextArea().TextRTF()).Runs.empty());
   EXPECT_TRUE(window.Saved());
   // The association holds for the next file of the kind.

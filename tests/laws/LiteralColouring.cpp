@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "rich_text/StyledText.h"
+#include "StyledLaws.h"
 #include "tests/support/Characters.h"
 
 namespace laws {
@@ -36,16 +36,8 @@ Units SwitchTo(int colour) {
 
 Units TextUnits(std::string_view text) {
   Units units;
-  for (std::size_t i = 0; i < text.size();) {
-    if (const std::size_t length = rich_text::LineEndLength(text, i)) {
-      units += LineEnd;
-      i += length;
-    } else {
-      const rich_text::CodePoint point = rich_text::CodePointAt(text, i);
-      units += point.Value;
-      i += point.Bytes;
-    }
-  }
+  for (const auto& [character, colour] : Characters({std::string(text), {}, {}}))
+    units += character == U'\n' ? LineEnd : Units(1, character);
   return units;
 }
 

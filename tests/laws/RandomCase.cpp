@@ -139,51 +139,6 @@ class Maker {
   RandomCase m_case;
 };
 
-/// Tries one change after the other and keeps each that leaves the law broken; true if one did.
-class Shrinker {
- public:
-  Shrinker(RandomCase broken, const std::function<bool(const RandomCase&)>& breaks)
-      : m_case(std::move(broken)), m_breaks(breaks) {}
-
-  RandomCase Run() {
-    while (Pass()) {
-    }
-    return std::move(m_case);
-  }
-
- private:
-  bool Pass() {
-    bool changed = Shorten([](RandomCase & c) -> auto& { return c.ColourWords; });
-    changed |= Shorten([](RandomCase & c) -> auto& { return c.ActionWords; });
-    changed |= Shorten([](RandomCase & c) -> auto& { return c.Delimeters; });
-    changed |= Shorten([](RandomCase & c) -> auto& { return c.Text; });
-    for (std::size_t i = 0; i < m_case.ColourWords.size(); ++i) {
-      changed |= Shorten([i](RandomCase & c) -> auto& { return c.ColourWords[i].Start; });
-      changed |= Shorten([i](RandomCase & c) -> auto& { return c.ColourWords[i].End; });
-    }
-    for (std::size_t i = 0; i < m_case.ActionWords.size(); ++i)
-      changed |= Shorten([i](RandomCase & c) -> auto& { return c.ActionWords[i].Name; });
-    return changed;
-  }
-
-  /// Leaves out every element of a list or string of the case that can be spared, the last ones first.
-  template <typename Part>
-  bool Shorten(Part part) {
-    bool changed = false;
-    for (std::size_t i = part(m_case).size(); i > 0; --i) {
-      RandomCase smaller = m_case;
-      part(smaller).erase(part(smaller).begin() + static_cast<std::ptrdiff_t>(i - 1));
-      if (!m_breaks(smaller)) continue;
-      m_case = std::move(smaller);
-      changed = true;
-    }
-    return changed;
-  }
-
-  RandomCase m_case;
-  const std::function<bool(const RandomCase&)>& m_breaks;
-};
-
 }  // namespace
 
 std::string Visible(std::string_view text) {
@@ -238,7 +193,30 @@ RandomCase MakeRandomCase(Dice& dice) {
 }
 
 RandomCase Shrink(RandomCase broken, const std::function<bool(const RandomCase&)>& breaks) {
-  return Shrinker(std::move(broken), breaks).Run();
+  bool changed = true;
+  // Leaves out every element of a list or string of the case that can be spared, the last ones first.
+  const auto shorten = [&](auto part) {
+    for (std::size_t i = part(broken).size(); i > 0; --i) {
+      RandomCase smaller = broken;
+      part(smaller).erase(part(smaller).begin() + static_cast<std::ptrdiff_t>(i - 1));
+      if (!breaks(smaller)) continue;
+      broken = std::move(smaller);
+      changed = true;
+    }
+  };
+  while (std::exchange(changed, false)) {
+    shorten([](RandomCase & c) -> auto& { return c.ColourWords; });
+    shorten([](RandomCase & c) -> auto& { return c.ActionWords; });
+    shorten([](RandomCase & c) -> auto& { return c.Delimeters; });
+    shorten([](RandomCase & c) -> auto& { return c.Text; });
+    for (std::size_t i = 0; i < broken.ColourWords.size(); ++i) {
+      shorten([i](RandomCase & c) -> auto& { return c.ColourWords[i].Start; });
+      shorten([i](RandomCase & c) -> auto& { return c.ColourWords[i].End; });
+    }
+    for (std::size_t i = 0; i < broken.ActionWords.size(); ++i)
+      shorten([i](RandomCase & c) -> auto& { return c.ActionWords[i].Name; });
+  }
+  return broken;
 }
 
 }  // namespace laws

@@ -25,12 +25,14 @@ using platform::PromptAnswer;
 /// A document of its own in a frame of its own, as in a program that may end at any moment.
 class Session {
  public:
-  explicit Session(const std::string& folder) : Store(folder, 0ms) { Frame.Store = &Store; }
-  /// The program ends without asking anything. What it has handed over is written.
-  ~Session() { Document.reset(); }
+  explicit Session(const std::string& folder) : Store(folder, 0ms) {
+    Frame.Store = &Store;
+    Document = std::make_unique<editor::Document>(Control, Frame, Window);
+  }
 
-  void Type(const std::string& text, std::size_t at = std::string::npos) {
+  void Type(const std::string& text, std::size_t at = std::string::npos, std::size_t replaced = 0) {
     Control.SetSelStart(std::min(at, Control.Length()));
+    Control.SetSelLength(replaced);
     Control.SetSelText(text);
   }
   void FireTimers() {
@@ -56,13 +58,7 @@ class Session {
   tests::FakeFrame Frame;
   tests::FakeWindow Window;
   tests::MemoryTextControl Control;
-  std::unique_ptr<editor::Document> Document = Make();
-
- private:
-  std::unique_ptr<editor::Document> Make() {
-    Frame.Store = &Store;
-    return std::make_unique<editor::Document>(Control, Frame, Window);
-  }
+  std::unique_ptr<editor::Document> Document;  ///< goes first, without asking, and what it has handed over is written
 };
 
 class RecoveryTest : public testing::Test {
@@ -172,9 +168,9 @@ TEST_F(RecoveryTest, ALongTextIsCopiedWhileItChanges) {
       session.Window.Active = false;
       session.Document->OpenFile(m_folder.Write("long.txt", text));
       for (int change = 0; change < 8; ++change) {
-        session.Control.SetSelStart(dice.Below(session.Control.Length() + 1));
-        session.Control.SetSelLength(dice.Below(10) == 0 ? 100'000 : dice.Below(30));
-        session.Control.SetSelText(std::string(dice.Below(8) == 0 ? 90'000 : dice.Below(30), 'x'));
+        const std::size_t replaced = dice.Chance(10) ? 100'000 : dice.Below(30);
+        const std::string put(dice.Chance(12) ? 90'000 : dice.Below(30), 'x');
+        session.Type(put, dice.Below(session.Control.Length() + 1), replaced);
         if (dice.Below(3) > 0) session.FireTimers();
       }
       expected = session.Control.Text();
@@ -194,9 +190,7 @@ TEST_F(RecoveryTest, AJournalMuchLongerThanItsTextIsWrittenAnew) {
     for (int round = 0; round < 6; ++round) {
       session.Type(block);
       session.Settle();
-      session.Control.SetSelStart(1);
-      session.Control.SetSelLength(block.size());
-      session.Control.SetSelText("b");
+      session.Type("b", 1, block.size());
       session.Settle();
     }
     session.Type("the end");
@@ -275,10 +269,7 @@ class RecoveryOfferTest : public RecoveryTest {
 TEST_F(RecoveryOfferTest, EachDocumentIsAskedAbout) {
   const std::string same = m_folder.Write("same.txt", "1"), changed = m_folder.Write("changed.txt", "2"),
                     gone = m_folder.Write("gone.txt", "3"), saved = m_folder.Write("saved.txt", "4");
-  Leave(same, "+");
-  Leave(changed, "+");
-  Leave(gone, "+");
-  Leave(saved, "+");
+  for (const std::string& path : {same, changed, gone, saved}) Leave(path, "+");
   Leave("", "untitled");
   m_folder.Write("changed.txt", "other");
   m_folder.Write("saved.txt", "4+");
@@ -289,10 +280,11 @@ TEST_F(RecoveryOfferTest, EachDocumentIsAskedAbout) {
     Expect('"' + gone + '"', "The file on disk is no longer there.", c);
     Expect("\"Untitled\"", "It was never saved in a file.", d);
   };
-  expect(PromptAnswer::Cancel, PromptAnswer::Cancel, PromptAnswer::Cancel, PromptAnswer::Cancel);
+  constexpr PromptAnswer later = PromptAnswer::Cancel;
+  expect(later, later, later, later);
   Offer();
   EXPECT_EQ(Journals().size(), 4u) << "the text that the file has already is not asked about";
-  expect(PromptAnswer::Yes, PromptAnswer::No, PromptAnswer::Cancel, PromptAnswer::Yes);
+  expect(PromptAnswer::Yes, PromptAnswer::No, later, PromptAnswer::Yes);
   Offer();
   EXPECT_EQ(m_restored, (std::vector<std::string>{"1+", "untitled"}));
   EXPECT_EQ(Journals().size(), 1u);

@@ -9,12 +9,12 @@
 #include "aids/SynonymFile.h"
 #include "aids/WordAtCaret.h"
 #include "aids/WordHelp.h"
-#include "platform/Files.h"
 #include "tests/support/FakeFrame.h"
 #include "tests/support/FakeShell.h"
 #include "tests/support/LoadedTemplate.h"
 #include "tests/support/MemoryTextControl.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/unit/SourceFile.h"
 
 namespace {
 
@@ -182,23 +182,17 @@ TEST(DocumentSynonyms, AreSavedLoadedAddedAndAskedAbout) {
   EXPECT_EQ(desk.State.CurSFileName, path);
 }
 
+/// A page of the cases, with the text in the place of its "@".
+std::string PageAround(const std::string& text, const std::string& name) {
+  std::string page = tests::SourceFile("tests/unit/aids/cases/" + name);
+  return page.replace(page.find('@'), 1, text);
+}
+
 TEST(PreviewPage, IsTheTextAmongTheHarnesssLinesToTheByte) {
-  const std::string head =
-      "<html><head><title>Quillmark Generated JavaScript Preview</title>\r\n"
-      "<script language='Javascript'>\r\n"
-      "<!--\r\n"
-      "function execute(){ScriptExec.location.replace('javascript:parent.'+frmExec.Command.value+';');};\r\n"
-      "//-->\r\n"
-      "</script></head><body>\r\n";
-  const std::string foot =
-      "<hr><p> Results:</p><iframe name=ScriptExec width='100%'></iframe><form name='frmExec' "
-      "onSubmit='javascript:execute();return false;'><p>Execute JavaScript: <input type='text' size='100' "
-      "name='Command'><input name='Exec' type='submit' value='Execute'></p></form></body></html>\r\n";
-  const std::string open = "<script language='Javascript'>\r\n<!--\r\n", close = "//-->\r\n</script>\r\n";
   for (const std::string text : {"", "f('\xC3\xA4%s');\n// </script>\r\n", " <html>", "html>"})
-    EXPECT_EQ(PreviewPage(text), head + open + text + "\r\n" + close + foot);
+    EXPECT_EQ(PreviewPage(text), PageAround(text, "script.html"));
   for (const std::string text : {"<script>f()</script>", "<", "<html", "<html lang='en'>"})
-    EXPECT_EQ(PreviewPage(text), head + text + "\r\n" + foot);
+    EXPECT_EQ(PreviewPage(text), PageAround(text, "page.html"));
   for (const std::string text : {"<html>", "<HtMl>x\n"}) EXPECT_EQ(PreviewPage(text), text);
 }
 
@@ -206,37 +200,35 @@ TEST(ScriptRuns, SaveFirstAndTellWhatFails) {
   Desk desk;
   tests::TemporaryFolder folder;
   const RunTools tools{desk.Shell, desk.Frame.Questions};
-  desk.Frame.Questions.Expect({.Text = "No execution command has been defined for this template."});
+  const auto run = [&](const std::function<bool()>& save) { SaveExec(desk.State, save, tools); };
   const auto unasked = [] {
     ADD_FAILURE() << "nothing is to be saved";
     return true;
   };
-  SaveExec(desk.State, unasked, tools);
+  desk.Frame.Questions.Expect({.Text = "No execution command has been defined for this template."});
+  run(unasked);
   desk.State.Template.ExecuteCommand = "node \"%s\"";
   desk.State.Saved = false;
-  SaveExec(
-      desk.State, [] { return false; }, tools);  // the user cancelled
+  run([] { return false; });  // the user cancelled
   const auto save = [&](bool done) {
     desk.State.CurFileName = "/a b.js";
     return done;
   };
-  SaveExec(
-      desk.State, [&] { return save(false); }, tools);  // the disk is full, and the file as it was before
+  run([&] { return save(false); });  // the disk is full, and the file as it was before
   EXPECT_TRUE(desk.Shell.Runs.empty());
-  SaveExec(
-      desk.State, [&] { return save(true); }, tools);
+  run([&] { return save(true); });
   desk.Shell.Result = 2;
   desk.Frame.Questions.Expect({.Text = "An error occured when trying to execute the command:\r\n\r\nnode \"/a b.js\"",
                                .Title = "Error",
                                .Icon = PromptIcon::Critical});
   desk.State.Saved = true;
-  SaveExec(desk.State, unasked, tools);
+  run(unasked);
   desk.Shell.Result = 33;
   desk.Control.SetText("f()");
   GenerateJavaScriptPreview(desk.Control, folder.Path(), tools);
   EXPECT_EQ(desk.Shell.Runs,
             (std::vector<std::string>{"node|\"/a b.js\"", "node|\"/a b.js\"", folder.Path() + "/~Preview.html|"}));
-  EXPECT_EQ(platform::ReadFile(folder.Path("~Preview.html")).Bytes, PreviewPage("f()"));
+  EXPECT_EQ(folder.Read("~Preview.html"), PreviewPage("f()"));
 }
 
 }  // namespace

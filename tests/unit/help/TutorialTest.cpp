@@ -5,16 +5,14 @@
 #include <algorithm>
 
 #include "editor/ColourPass.h"
-#include "platform/Files.h"
 #include "templates/HelpDefinition.h"
 #include "tests/support/LoadedTemplate.h"
+#include "tests/unit/SourceFile.h"
 
 namespace {
 
 std::string Read(const std::string& name) {
-  const platform::FileContent content = platform::ReadFile(QUILLMARK_SOURCE_DIR "/data/help/tutorial/" + name);
-  EXPECT_EQ(content.Error, "") << name;
-  return content.Bytes;
+  return tests::SourceFile("data/help/tutorial/" + name);
 }
 
 /// The template as it is after a step of the tutorial, and the first text that it gives.

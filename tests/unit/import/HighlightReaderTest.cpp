@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <map>
-
 #include "import/LuaTables.h"
 #include "import/RegexWords.h"
 #include "tests/unit/import/Describe.h"
@@ -14,48 +12,15 @@ namespace {
 
 using namespace import;
 
-NeighbourFiles Beside(std::map<std::string, std::string> files) {
-  return [files = std::move(files)](std::string_view name) -> std::optional<std::string> {
-    const auto place = files.find(std::string(name));
-    return place == files.end() ? std::nullopt : std::optional(place->second);
-  };
-}
+const NeighbourFiles Nothing = [](std::string_view) { return std::nullopt; };
 
 TEST(HighlightReader, SmallDefinitions) {
-  const struct {
-    const char* Text;
-    const char* Read;
-  } cases[] = {
+  tests::ExpectRead("highlight",
+                    [](const auto& text, const auto& beside) { return ReadHighlight(text, "t.lang", beside); });
+  const std::pair<const char*, const char*> cases[] = {
       {"Description='T'", "T .t numbers\n"},
       {"-- Author: Ann\n-- Licensed under X\nDescription=\"T\" IgnoreCase=true -- a\n--[[ b ]]",
        "T .t any case numbers [Ann] [Licensed under X]\n"},
-      {"Description=[==[T]==]\nKeywords={ {Id=1, List={'if', \"e\\108se\", 'true', 'int'}},\n {Id=2; List={[1]='a'}, "
-       "},\n"
-       "{Id=4, Regex=[[(\\w+)\\(]]}, {Id=2, List={'int','char','float'}}, {Id=5, Regex=[[ \\#(?:x|yz?) ]]} }",
-       "T .t numbers\n3: if else true int\n4: a\n4: int char float\n6: #x #yz #y\n"
-       "!4 A template has no patterns: (\\w+)\\(\n"},
-      {"Description='T'\nComments={ {Block=true, Nested=true, Delimiter={[[\\/\\*]],[[\\*\\/]]}},\n"
-       "{Block=false, Delimiter={ [[ \\-\\-(?!\\[)|\\# ]] }}, {Block=false, Delimiter={[[^;]]}}, {Block=false,\n"
-       "Delimiter={[[^rem.*]]}}, {Block=true, Delimiter={'###'}} }",
-       "T .t numbers\n1 /* */\n1 --\n1 #\n1 rem\n1 ### ###\n!2 Comments in this comment: the first end mark ends "
-       "both.\n"
-       "!3 The start of this comment is a pattern: ^;\n"
-       "!3 This comment begins anywhere, not at the start of a line alone.\n"},
-      {"Description='T'\nStrings={ Delimiter=[[ \"\"\"|\"|<<\\w+ ]], Escape=[[\"\"]],\n"
-       "DelimiterPairs={ {Open=[[ \\[=*\\[ ]], Close=[[ \\]=*\\] ]]}, {Open=[[q[(<] ]], Close=[[ [)>] ]]} } }",
-       "T .t no escapes numbers\n2 \"\"\" \"\"\"\n2 \" \"\n2 [[ ]]\n2 q( )\n2 q< >\n"
-       "!2 Only the strings between fixed marks are carried over: \"\"\"|\"|<<\\w+\n"},
-      {"Description='T'\nComments={{Block=true,Delimiter={'/\\\\*','\\\\*/'}}}\nPreProcessor={Prefix='#'}",
-       "T .t numbers\n1 /* */\n6: #define #elif #elifdef #elifndef #else #endif #error #if #ifdef #ifndef #import "
-       "#include "
-       "#line #pragma #undef\n!3 Of a preprocessor line the directive alone is coloured.\n"},
-      {"dofile(HL_LANG_DIR..\"base.lang\")\nDescription='T'\ntable.insert(Keywords, {Id=1, List={'b'}})\n"
-       "dofile('../x')\nfunction f(a)\n if a then for i=1,2 do x() end end\nend\nlocal a = 1 + 2\nb = f(1)\n"
-       "NestedSections={{Lang='php'}}",
-       "T .t numbers\n3: a\n3: b\n!4 The file \"../x\" that is to be taken in cannot be read.\n"
-       "!5 The function that begins here is not run.\n!8 This statement is not understood and left out.\n"
-       "!9 This statement is not understood and left out.\n"
-       "!10 Sections in another language (php) are not coloured as such.\n"},
       {"Keywords={}", "error 0: The file gives no \"Description\": it is no definition of highlight's.\n"},
       {"Description='T'\nKeywords={ {Id=1,\nList={'a', ", "error 3: The table that begins here never ends.\n"},
       {"Description='T'\nA='x\nB=1", "error 2: The text that begins here never ends.\n"},
@@ -63,11 +28,12 @@ TEST(HighlightReader, SmallDefinitions) {
       {"Description='T' --[[ x", "error 1: The comment that begins here never ends.\n"},
       {"Description='T'\nfunction f()\nif x then end", "error 2: The block that begins here never ends.\n"},
   };
-  const NeighbourFiles files = Beside({{"base.lang", "Description='B'\nKeywords={{Id=1, List={'a'}}}"}});
-  for (const auto& [text, read] : cases) EXPECT_EQ(tests::Describe(ReadHighlight(text, "t.lang", files)), read) << text;
-
-  const NeighbourFiles types =
-      Beside({{"filetypes.conf", "FileMapping={ {Lang='c', Extensions={'x'}}, {Lang='t', Extensions={'ts','T2'}} }"}});
+  const NeighbourFiles types = [](std::string_view name) -> std::optional<std::string> {
+    if (name != "filetypes.conf") return std::nullopt;
+    return "FileMapping={ {Lang='c', Extensions={'x'}}, {Lang='t', Extensions={'ts','T2'}} }";
+  };
+  for (const auto& [text, read] : cases)
+    EXPECT_EQ(tests::Describe(ReadHighlight(text, "t.lang", Nothing)), read) << text;
   EXPECT_EQ(ReadHighlight("Description='T'", "t.lang", types).Read.Extensions,
             (std::vector<std::string>{"t", "ts", "T2"}));
   EXPECT_EQ(ReadHighlight("Description='T' Identifiers=[[ [a-zA-Z_\\-][^+][\\w!]* ]]", "t.lang", types).Read.Delimeters,

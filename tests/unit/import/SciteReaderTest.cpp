@@ -12,42 +12,21 @@ namespace {
 using namespace import;
 
 std::optional<std::string> Beside(std::string_view name) {
-  if (name == "more.properties") return "keywordclass.more=while";
   if (name == "SciTEGlobal.properties") return "chars.alpha=abc\nimport *\n";
   if (name == "loop.properties") return "import loop\nimport loop";
   return std::nullopt;
 }
 
 TEST(SciteReader, SmallDefinitions) {
+  tests::ExpectRead("scite",
+                    [](const auto& text, const auto& beside) { return ReadScite(text, "t.properties", "", beside); });
   const struct {
     const char* Language;
     const char* Text;
     const char* Read;
   } cases[] = {
-      {"",
-       "file.patterns.t=*.t;Tfile;*.u;.trc;T*;*.a.b\nfilter.t=The T (t "
-       "u)|$(file.patterns.t)|\nlexer.$(file.patterns.t)=rust\n",
-       "The T .t .u .Tfile .trc numbers\n1 //\n1 /* */\n2 \" \"\n"
-       "!3 A template is not found by these patterns: T*, *.a.b.\n"},
       {"", "lexer.*.t=conf\r\nkeywords.*.t=if \\\r\n  else$(none)\r\nkeywords2.*.t=on\r\n",
        "t .t any case numbers\n1 #\n2 \" \"\n3: if else\n5: on\n"},
-      {"",
-       "file.patterns.t=*.t\nfile.patterns.all=*.u;$(file.patterns.t)\nlexer.$(file.patterns.t)=cpp\nimport more\n"
-       "keywordclass.t=if $(keywordclass.$(which))\nwhich=more\nif PLAT_WIN\n\tkeywordclass.t=no\nif PLAT_GTK\n"
-       "\tkeywords2.$(file.patterns.all)=T\nkeywords.$(file.patterns.t)=$(keywordclass.t)\n"
-       "keywords3.$(file.patterns.all)=param",
-       "t .t numbers\n1 //\n1 /* */\n2 \" \"\n2 ' '\n2 ` `\n6: #define #elif #elifdef #elifndef #else #endif #error "
-       "#if #ifdef "
-       "#ifndef #import #include #line #pragma #undef\n3: if while\n4: T\n"
-       "!12 These words have a colour inside comments, or scripts, alone: param, …\n"},
-      {"",
-       "lexer.*.t=mine\ncomment.block.mine=$(mark)~\nmark=@@\ncomment.stream.start.mine=(*\ncomment.stream.end.mine=*)"
-       "\n"
-       "keywords2.*.t=int char long\nimport nowhere\nmatch *.x\n\tlexer.*.y=mine",
-       "t .t numbers\n1 @@\n1 (* *)\n2 \" \"\n4: int char long\n"
-       "!7 The file \"nowhere.properties\" that is to be taken in cannot be read.\n"
-       "!8 Settings for files of some names alone are left out.\n"
-       "!1 The lexer \"mine\" is not known: strings between double quotes and exact letter case are a guess.\n"},
       {"", "lexer.*.a=conf\nlexer.*.t=props\nlexer.*.c=tex\nlexer.json.allow=1",
        "t .t numbers\n1 #\n!0 The file has other languages, for --language: a, c.\n"},
       {"c", "lexer.*.a=conf\nlexer.*.c=tex\nkeywords.*.c=above", "c .c numbers\n1 %\n3: \\above\n"},

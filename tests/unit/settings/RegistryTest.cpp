@@ -8,6 +8,7 @@
 #include "settings/RegistryFile.h"
 #include "settings/RegistryText.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/unit/SourceFile.h"
 
 namespace {
 
@@ -18,26 +19,7 @@ using platform::RegistryValue;
 
 const std::string FirstLine = "Windows Registry Editor Version 5.00\r\n\r\n";
 
-// As another machine exports it.
-const std::string Sample = FirstLine +
-                           "; a note\r\n"
-                           "[HKEY_CURRENT_USER\\Software\\A]\r\n"
-                           "@=\"3.0\"\r\n"
-                           "\"path\"=\"C:\\\\a \\\"b\\\"\\\\\"\r\n"
-                           "; another\r\n"
-                           "\"number\"=dword:0000002a\r\n"
-                           "\"several\"=hex(7):61,00,00,00,62,00,\\\r\n"
-                           "  00,00,00,00\r\n"
-                           "\"Bytes\"=hex:00,ff,\\\r\n"
-                           "  10\r\n"
-                           "\"expand\"=hex(2):e4,00,3d,d8,00,de,00,00\r\n"
-                           "\r\n"
-                           "[HKEY_CURRENT_USER\\Software\\A\\B]\r\n"
-                           "\"empty\"=hex:\r\n"
-                           "\r\n"
-                           "[HKEY_LOCAL_MACHINE\\Software\\A]\r\n"
-                           "\"path\"=\"other\"\r\n"
-                           "\r\n";
+const std::string Sample = tests::SourceFile("tests/unit/settings/cases/exported.reg");
 
 RegistryValue Text(std::string text) {
   return {RegistryType::String, std::move(text)};

@@ -8,6 +8,7 @@
 #include "settings/RegistryFile.h"
 #include "tests/support/ScriptedPrompts.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/unit/SourceFile.h"
 
 namespace {
 
@@ -60,26 +61,7 @@ class SettingsStoreTest : public testing::Test {
 };
 
 // Written by hand from the table of the stored form.
-const char* const Stored =
-    "Windows Registry Editor Version 5.00\r\n\r\n"
-    "[HKEY_CURRENT_USER\\Software\\Quillmark]\r\n"
-    "@=\"3.0\"\r\n"
-    "\"WindowPos\"=hex:00,00,34,c2,00,00,70,42,00,00,96,45,00,00,48,45,01,00\r\n\r\n"
-    "[HKEY_CURRENT_USER\\Software\\Quillmark\\Associations]\r\n"
-    "\"txt\"=\"C:\\\\t.def\"\r\n"
-    "@=\"/no extension.def\"\r\n\r\n"
-    "[HKEY_CURRENT_USER\\Software\\Quillmark\\Fonts]\r\n\r\n"
-    "[HKEY_CURRENT_USER\\Software\\Quillmark\\Fonts\\DOS]\r\n"
-    "\"Flags\"=hex:00,00,00,ff\r\n\"Name\"=\"Terminal\"\r\n\"Size\"=hex:28,9a,01,00,00,00,00,00\r\n\r\n"
-    "[HKEY_CURRENT_USER\\Software\\Quillmark\\Fonts\\Fixed]\r\n"
-    "\"Flags\"=hex:ff,00,00,00\r\n\"Name\"=\"Courier New\"\r\n\"Size\"=hex:a0,86,01,00,00,00,00,00\r\n\r\n"
-    "[HKEY_CURRENT_USER\\Software\\Quillmark\\Fonts\\Proportional]\r\n"
-    "\"Flags\"=hex:00,ff,ff,00\r\n\"Name\"=\"Arial\"\r\n\"Size\"=hex:a0,86,01,00,00,00,00,00\r\n\r\n"
-    "[HKEY_CURRENT_USER\\Software\\Quillmark\\History]\r\n"
-    "\"1\"=\"/old\"\r\n\r\n"
-    "[HKEY_CURRENT_USER\\Software\\Quillmark\\Settings]\r\n"
-    "\"Flags\"=hex:00,ff,00,ff,00,ff,02,ff\r\n"
-    "\"DefOpenTemplate\"=\"/t.def\"\r\n\"DefNewTemplate\"=\"JavaScript\"\r\n\r\n";
+const std::string Stored = tests::SourceFile("tests/unit/settings/cases/stored.reg");
 
 TEST_F(SettingsStoreTest, EveryValueIsStoredInItsFormAndComesBack) {
   Values.Frame = {-45, 60, 4800, 3200, WindowState::Minimised};

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "rich_text/Encoding.h"
-
 namespace aids {
 namespace {
 
@@ -22,16 +20,16 @@ TextSearch DocumentSearch::SearchFor(const std::string& word, bool caseSense, bo
 
 /// The start of the character in which `offset` lies.
 std::size_t DocumentSearch::CharacterStart(std::size_t offset) const {
-  const std::size_t from = offset > LongestCharacter ? offset - LongestCharacter : 0;
+  const std::size_t from = offset > rich_text::LongestCharacter ? offset - rich_text::LongestCharacter : 0;
   const std::string bytes = m_control.TextRange(from, offset + 1);
   if (bytes.size() <= offset - from) return offset;
   std::size_t at = offset - from;
-  while (at > 0 && (static_cast<unsigned char>(bytes[at]) & 0xC0) == 0x80) --at;
+  while (at > 0 && rich_text::ContinuesCharacter(bytes[at])) --at;
   return from + at;
 }
 
 std::size_t DocumentSearch::AfterCharacter(std::size_t offset) const {
-  return offset + FirstCharacter(m_control.TextRange(offset, offset + LongestCharacter)).size();
+  return offset + rich_text::FirstCharacter(m_control.TextRange(offset, offset + rich_text::LongestCharacter)).size();
 }
 
 // Each piece overlaps the next by what a match and the character behind it can take, and begins with a character that
@@ -39,7 +37,7 @@ std::size_t DocumentSearch::AfterCharacter(std::size_t offset) const {
 
 std::optional<Match> DocumentSearch::FindDown(const TextSearch& search, std::size_t from) const {
   const std::size_t length = m_control.Length();
-  const std::size_t overlap = search.LongestMatch() + LongestCharacter;
+  const std::size_t overlap = search.LongestMatch() + rich_text::LongestCharacter;
   while (from < length) {
     const std::size_t pieceStart = from == 0 ? 0 : CharacterStart(from - 1);
     const std::size_t until = CharacterStart(std::min(length, from + m_pieceBytes));

@@ -29,7 +29,7 @@ class DocumentSearch {
   /// `pieceBytes`: how much of the text is looked at in one go, at least a character.
   DocumentSearch(platform::TextControl& control, const templates::TemplateFields& fields,
                  std::size_t pieceBytes = 256 * 1024)
-      : m_control(control), m_fields(fields), m_pieceBytes(std::max(pieceBytes, LongestCharacter)) {}
+      : m_control(control), m_fields(fields), m_pieceBytes(std::max(pieceBytes, rich_text::LongestCharacter)) {}
 
   // The last search.
   std::string PreviousFindWord;
@@ -63,7 +63,6 @@ class DocumentSearch {
 
   platform::TextControl& m_control;
   const templates::TemplateFields& m_fields;
-  static constexpr std::size_t LongestCharacter = 4;  ///< bytes
 
   std::size_t m_pieceBytes;
   bool m_countsFirst = false;  ///< the search has just wrapped to the beginning: an occurrence at offset 0 counts

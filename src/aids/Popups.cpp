@@ -19,21 +19,11 @@ bool IsListKey(int keyCode) {
   return keyCode == PageUp || keyCode == PageDown || keyCode == Up || keyCode == Down;
 }
 
-bool ContinuesCharacter(char byte) {
-  return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
-}
-
-/// The text without the rest of a character that it may begin with.
-std::string WholeFrom(const std::string& text) {
-  const auto whole = std::find_if_not(text.begin(), text.end(), ContinuesCharacter);
-  return {whole, text.end()};
-}
-
 /// The offset `count` characters before `at`, or the text's start.
 std::size_t BackBy(std::size_t count, std::string_view text, std::size_t at) {
   for (; count > 0 && at > 0; --count) do
       --at;
-    while (at > 0 && ContinuesCharacter(text[at]));
+    while (at > 0 && rich_text::ContinuesCharacter(text[at]));
   return at;
 }
 
@@ -79,8 +69,10 @@ std::optional<Popups::Trigger> Popups::FindTrigger() const {
 
   std::optional<Trigger> found;
   const auto look = [&](const std::string& word) {
-    const std::size_t reach = 4 * rich_text::CharacterCount(word) + delimeter.size() + TypedAhead;
-    const std::string before = WholeFrom(m_control.TextRange(caret - std::min(caret, reach), caret));
+    const std::size_t reach =
+        rich_text::LongestCharacter * rich_text::CharacterCount(word) + delimeter.size() + TypedAhead;
+    const std::string piece = m_control.TextRange(caret - std::min(caret, reach), caret);
+    const std::string_view before = rich_text::FromWholeCharacter(piece);
     const std::size_t at = LastOf(fields, word, delimeter, before);
     if (at == std::string::npos) return;
     const std::size_t end = caret - before.size() + at + delimeter.size();

@@ -12,9 +12,9 @@ constexpr std::size_t PieceBytes = 256;
 /// How many bytes of the piece are whole characters; a piece that is all of the rest has no others.
 std::size_t WholeCharacters(std::string_view piece) {
   std::size_t last = piece.size();
-  while (last > 0 && (static_cast<unsigned char>(piece[last - 1]) & 0xC0) == 0x80) --last;
+  while (last > 0 && rich_text::ContinuesCharacter(piece[last - 1])) --last;
   if (last == 0) return piece.size();
-  const std::size_t needed = rich_text::CharacterBytes(static_cast<unsigned char>(piece[last - 1]));
+  const std::size_t needed = rich_text::CharacterBytes(piece[last - 1]);
   return last - 1 + needed <= piece.size() ? piece.size() : last - 1;
 }
 
@@ -28,7 +28,7 @@ void VisitCharacters(const platform::TextControl& control, std::size_t start, st
     const std::size_t whole = WholeCharacters(piece);
     if (whole == 0) return;
     for (std::size_t i = 0; i < whole;) {
-      const std::size_t bytes = rich_text::CharacterBytes(static_cast<unsigned char>(piece[i]));
+      const std::size_t bytes = rich_text::CharacterBytes(piece[i]);
       if (!visit(at + i, std::string_view(piece).substr(i, bytes))) return;
       i += bytes;
     }

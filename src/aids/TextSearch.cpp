@@ -2,29 +2,12 @@
 
 #include <algorithm>
 
-#include "rich_text/Encoding.h"
-
 namespace aids {
 namespace {
 
 constexpr std::size_t Nowhere = static_cast<std::size_t>(-1);
 
-bool Continues(char byte) {
-  return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
-}
-
 }  // namespace
-
-std::string_view LastCharacter(std::string_view text) {
-  std::size_t start = text.size();
-  while (start > 0 && Continues(text[--start])) {
-  }
-  return text.substr(start);
-}
-
-std::string_view FirstCharacter(std::string_view text) {
-  return text.empty() ? text : text.substr(0, rich_text::CharacterBytes(static_cast<unsigned char>(text[0])));
-}
 
 TextSearch::TextSearch(Word word, IsDelimeter isDelimeter)
     : m_word(std::move(word)), m_isDelimeter(std::move(isDelimeter)) {
@@ -63,8 +46,8 @@ bool TextSearch::StandsAlone(std::string_view before, std::string_view after) co
 
 bool TextSearch::Counts(const Piece& piece, const Match& match) const {
   if (!m_word.WholeWord) return true;
-  const std::string_view before = LastCharacter(piece.Text.substr(0, match.Start));
-  const std::string_view after = FirstCharacter(piece.Text.substr(match.End));
+  const std::string_view before = rich_text::LastCharacter(piece.Text.substr(0, match.Start));
+  const std::string_view after = rich_text::FirstCharacter(piece.Text.substr(match.End));
   return StandsAlone(before.empty() ? piece.Before : before, after.empty() ? piece.After : after);
 }
 
@@ -107,9 +90,9 @@ TextSearch::Replacement TextSearch::ReplaceAll(std::string_view text, std::strin
     result.Text += replacement;
     ++result.Count;
     if (!replacement.empty())
-      before = LastCharacter(replacement);
+      before = rich_text::LastCharacter(replacement);
     else if (match->Start > 0)
-      before = LastCharacter(text.substr(done, match->Start));
+      before = rich_text::LastCharacter(text.substr(done, match->Start));
     result.End = done += match->End;
   }
   return result;

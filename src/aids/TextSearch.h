@@ -11,6 +11,8 @@
 #include <string>
 #include <string_view>
 
+#include "rich_text/Encoding.h"
+
 namespace aids {
 
 class TextSearch {
@@ -43,7 +45,7 @@ class TextSearch {
   std::optional<Match> Last(const Piece& piece, std::size_t from, std::size_t until) const;
 
   /// The bytes that a match can take at most.
-  std::size_t LongestMatch() const { return m_characters * 4; }
+  std::size_t LongestMatch() const { return m_characters * rich_text::LongestCharacter; }
 
   /// What replacing every match comes to: the stretch [Start, End) of the text gives way to Text.
   struct Replacement {
@@ -66,10 +68,5 @@ class TextSearch {
   IsDelimeter m_isDelimeter;
   std::array<bool, 256> m_mayStart{};  ///< by first byte
 };
-
-/// The last character of a text, "" for none.
-std::string_view LastCharacter(std::string_view text);
-/// The first character of a text, "" for none.
-std::string_view FirstCharacter(std::string_view text);
 
 }  // namespace aids

@@ -9,10 +9,7 @@ namespace {
 
 /// The caption's last character when typing it ends the hint: a delimiter other than a blank that stands there once.
 std::string ClosingCharacter(const templates::TemplateFields& fields, std::string_view caption) {
-  std::size_t last = caption.size();
-  while (last > 0 && (static_cast<unsigned char>(caption[last - 1]) & 0xC0) == 0x80) --last;
-  if (last == 0) return {};
-  const std::string_view character = caption.substr(last - 1);
+  const std::string_view character = rich_text::LastCharacter(caption);
   const bool closes =
       character != " " && fields.IsDelimeter(character) && caption.find(character) == caption.size() - character.size();
   return closes ? std::string(character) : std::string();
@@ -37,7 +34,7 @@ bool IsTypedOut(const platform::TextControl& control, const templates::TemplateF
 std::size_t CountDelimeters(const templates::TemplateFields& fields, std::string_view text) {
   std::size_t count = 0;
   for (std::size_t i = 0; i < text.size();) {
-    const std::size_t bytes = rich_text::CharacterBytes(static_cast<unsigned char>(text[i]));
+    const std::size_t bytes = rich_text::CharacterBytes(text[i]);
     if (fields.IsDelimeter(text.substr(i, bytes))) ++count;
     i += bytes;
   }

@@ -6,18 +6,6 @@
 #include "rich_text/Encoding.h"
 
 namespace editor {
-namespace {
-
-/// The last character of a text, "" of an empty one.
-std::string_view LastCharacter(std::string_view text) {
-  std::size_t at = text.size();
-  while (at > 0 && (static_cast<unsigned char>(text[--at]) & 0xC0) == 0x80) {
-  }
-  return text.substr(at);
-}
-
-}  // namespace
-
 void ActionWords::Names::Clear() {
   *this = Names();
 }
@@ -39,7 +27,7 @@ std::size_t ActionWords::Names::FirstAtEnd(std::string_view folded, const templa
   for (const std::size_t length : m_lengths) {
     if (length > folded.size()) continue;
     const std::string_view before = folded.substr(0, folded.size() - length);
-    if (before.empty() || IsDelimeter(fields, LastCharacter(before)))
+    if (before.empty() || fields.IsDelimeter(rich_text::LastCharacter(before)))
       first = std::min(first, PlaceOf(folded.substr(before.size())));
   }
   return first;
@@ -61,7 +49,7 @@ void ActionWords::Arrange() {
 
 std::size_t ActionWords::Reach() {
   Arrange();
-  return 4 * (std::max(m_words.LongestCharacters(), m_synonyms.LongestCharacters()) + 1);
+  return rich_text::LongestCharacter * (std::max(m_words.LongestCharacters(), m_synonyms.LongestCharacters()) + 1);
 }
 
 std::shared_ptr<const templates::Word> ActionWords::FindActionWord(std::string_view text) {

@@ -11,10 +11,6 @@ std::string CaseFold(const templates::TemplateFields& fields, std::string_view t
   return Folding(fields.CaseSensitive).Fold(text);
 }
 
-bool IsDelimeter(const templates::TemplateFields& fields, std::string_view text) {
-  return fields.IsDelimeter(text);
-}
-
 std::size_t DelimeterIn(const templates::TemplateFields& fields, std::string_view text) {
   const DelimeterSet delimeters(fields.Delimeters);
   std::size_t place = 0;

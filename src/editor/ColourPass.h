@@ -37,9 +37,6 @@ struct PassRun {
 /// Case-folds as the template says: lower case unless it is case-sensitive.
 std::string CaseFold(const templates::TemplateFields& fields, std::string_view text);
 
-/// Whether the first character of the text is a delimiter of the template, letter case counting; false for "".
-bool IsDelimeter(const templates::TemplateFields& fields, std::string_view text);
-
 /// The 1-based place, in characters, of the leftmost delimiter in the text; 0 when there is none.
 std::size_t DelimeterIn(const templates::TemplateFields& fields, std::string_view text);
 

@@ -65,8 +65,7 @@ class Writer {
 
   /// A place at or before `offset` that splits neither a character nor a CR LF pair.
   std::size_t CutBefore(std::size_t offset) const {
-    while ((static_cast<unsigned char>(m_coloured.Text[offset]) & 0xC0) == 0x80) --offset;
-    if (m_coloured.Text[offset] == '\n' && m_coloured.Text[offset - 1] == '\r') --offset;
+    while (rich_text::SplitsCharacter(m_coloured.Text, offset)) --offset;
     return offset;
   }
 

@@ -11,12 +11,7 @@
 namespace editor {
 namespace {
 
-constexpr std::size_t LongestCharacter = 4;  // bytes
-constexpr std::size_t TabStop = 8;           // columns between the tab stops that the control shows
-
-bool IsInsideCharacter(char byte) {
-  return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
-}
+constexpr std::size_t TabStop = 8;  // columns between the tab stops that the control shows
 
 }  // namespace
 
@@ -113,7 +108,7 @@ bool KeyRules::KeyPress(char32_t character) {
   if (character == '\t') return true;
   std::string typed;
   rich_text::AppendUtf8(typed, character);
-  if (IsDelimeter(m_state.Template, typed)) DelimeterPressed(typed, character);
+  if (m_state.Template.IsDelimeter(typed)) DelimeterPressed(typed, character);
   return false;
 }
 
@@ -125,10 +120,8 @@ bool KeyRules::EnterPressed() {
 void KeyRules::DelimeterPressed(std::string_view delimeter, char32_t character) {
   CompleteList();
   const std::size_t caret = m_control.SelStart(), reach = std::min(caret, m_actionWords.Reach());
-  std::string before = m_control.TextRange(caret - reach, caret);
-  before.erase(
-      0, static_cast<std::size_t>(std::find_if_not(before.begin(), before.end(), IsInsideCharacter) - before.begin()));
-  const auto word = m_actionWords.FindActionWord(before);
+  const std::string before = m_control.TextRange(caret - reach, caret);
+  const auto word = m_actionWords.FindActionWord(rich_text::FromWholeCharacter(before));
   const auto action = word ? word->Actions.Find(delimeter) : nullptr;
   if (!action) return;
   m_state.ActionWord = word;
@@ -140,26 +133,22 @@ void KeyRules::DelimeterPressed(std::string_view delimeter, char32_t character) 
 // Overwrite mode.
 
 std::size_t KeyRules::Before(std::size_t offset) const {
-  const std::size_t from = offset - std::min(offset, LongestCharacter);
+  const std::size_t from = offset - std::min(offset, rich_text::LongestCharacter);
   const std::string text = m_control.TextRange(from, offset);
   if (text.ends_with("\r\n")) return offset - 2;
-  std::size_t at = text.size();
-  while (at > 0 && IsInsideCharacter(text[--at])) {
-  }
-  return from + at;
+  return from + text.size() - rich_text::LastCharacter(text).size();
 }
 
 std::size_t KeyRules::After(std::size_t offset) const {
-  const std::string text = m_control.TextRange(offset, offset + LongestCharacter);
+  const std::string text = m_control.TextRange(offset, offset + rich_text::LongestCharacter);
   if (text.empty()) return offset;
   const std::size_t lineEnd = rich_text::LineEndLength(text, 0);
-  return offset + (lineEnd != 0 ? lineEnd : rich_text::CharacterBytes(static_cast<unsigned char>(text[0])));
+  return offset + (lineEnd != 0 ? lineEnd : rich_text::CharacterBytes(text[0]));
 }
 
 bool KeyRules::IsInside(std::size_t offset) const {
   if (offset == 0) return false;
-  const std::string around = m_control.TextRange(offset - 1, offset + 1);
-  return around == "\r\n" || (around.size() == 2 && IsInsideCharacter(around[1]));
+  return rich_text::SplitsCharacter(m_control.TextRange(offset - 1, offset + 1), 1);
 }
 
 bool KeyRules::IsLineEndAt(std::size_t offset) const {
@@ -169,7 +158,7 @@ bool KeyRules::IsLineEndAt(std::size_t offset) const {
 
 bool KeyRules::OneSelected() const {
   const std::size_t start = m_control.SelStart(), length = m_control.SelLength();
-  return length > 0 && length <= LongestCharacter && After(start) == start + length && !IsLineEndAt(start);
+  return length > 0 && length <= rich_text::LongestCharacter && After(start) == start + length && !IsLineEndAt(start);
 }
 
 bool KeyRules::ReallySelected() const {

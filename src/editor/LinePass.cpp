@@ -32,7 +32,7 @@ LinePass::Found LinePass::NextColour() {
         best = {word, i, end};
     });
     if (best.Start != Nowhere) return best;
-    i += rich_text::CharacterBytes(static_cast<unsigned char>(m_text[i]));
+    i += rich_text::CharacterBytes(m_text[i]);
   }
   return {};
 }
@@ -79,9 +79,7 @@ std::optional<templates::Synonym> LinePass::SynonymAround(const Found& found, st
     const char32_t folded = m_tables.Fold.Fold(rich_text::CodePointAt(m_text, at).Value);
     return folded == ' ' || m_tables.Delimeters.Has(folded);
   };
-  const auto next = [&](std::size_t at) {
-    return at + rich_text::CharacterBytes(static_cast<unsigned char>(m_text[at]));
-  };
+  const auto next = [&](std::size_t at) { return at + rich_text::CharacterBytes(m_text[at]); };
   const std::size_t lineEnd = rich_text::FindLineEnd(m_text, found.End);
   std::size_t start = found.End;
   while (start < lineEnd && isBlankAt(start)) start = next(start);

@@ -21,7 +21,7 @@ UnitPosition Advance(std::string_view text, UnitPosition from, std::size_t units
       units -= step, unit += step;
       if (unit == LineEndUnits) offset += lineEnd, unit = 0;
     } else {
-      offset += rich_text::CharacterBytes(static_cast<unsigned char>(text[offset]));
+      offset += rich_text::CharacterBytes(text[offset]);
       --units;
     }
   }
@@ -103,7 +103,7 @@ bool DelimeterSet::Has(char32_t value) const {
 bool DelimeterSet::HasBefore(std::string_view text, std::size_t offset) const {
   if (offset == 0 || text[offset - 1] == '\n' || text[offset - 1] == '\r') return Has(' ');
   std::size_t start = offset - 1;
-  while (start > 0 && (static_cast<unsigned char>(text[start]) & 0xC0) == 0x80) --start;
+  while (start > 0 && rich_text::ContinuesCharacter(text[start])) --start;
   return Has(CodePointAt(text, start).Value);
 }
 

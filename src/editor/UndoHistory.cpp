@@ -66,12 +66,8 @@ class TwoTexts {
 
   /// Whether the places, one in each text, both stand between characters.
   bool BetweenCharacters(std::size_t oldPlace, std::size_t newPlace) const {
-    const auto inside = [](std::string_view around) {
-      return around.size() == 2 &&
-             ((static_cast<unsigned char>(around[1]) & 0xC0) == 0x80 || around == std::string_view("\r\n"));
-    };
     const auto isInside = [&](std::size_t place, std::size_t length, auto text) {
-      return place > 0 && place < length && inside(text(place - 1, place + 1));
+      return place > 0 && place < length && rich_text::SplitsCharacter(text(place - 1, place + 1), 1);
     };
     return !isInside(oldPlace, m_oldLength, [this](auto from, auto to) { return Old(from, to); }) &&
            !isInside(newPlace, m_newLength, [this](auto from, auto to) { return New(from, to); });

@@ -161,7 +161,7 @@ std::optional<WholePass::Found> WholePass::FindNext(UnitPosition& from) {
     if (kind != ByteKind::Token && !m_tables.Anywhere.Empty()) AtTrie(i, behind, best);
     if (best.Word != TokenTable::NoWord) return best;
     if (isDelimeter || m_tables.AnywhereInTokens)
-      i += rich_text::CharacterBytes(static_cast<unsigned char>(m_text[i]));
+      i += rich_text::CharacterBytes(m_text[i]);
     else
       i = tokenEnd;
     behind = isDelimeter;

@@ -19,7 +19,7 @@ std::string CreditIn(std::string_view line, std::size_t word) {
     credit.remove_prefix(1);
   if (credit.size() <= LongestCredit) return std::string(credit);
   std::size_t end = LongestCredit;
-  while (end > 0 && (static_cast<unsigned char>(credit[end]) & 0xC0) == 0x80) --end;
+  while (end > 0 && rich_text::ContinuesCharacter(credit[end])) --end;
   return std::string(credit.substr(0, end));
 }
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "rich_text/Encoding.h"
+
 namespace platform {
 namespace {
 
@@ -11,8 +13,7 @@ namespace fs = std::filesystem;
 constexpr std::string_view Separators = "/\\";
 
 int CharactersIn(std::string_view text) {
-  return static_cast<int>(
-      std::count_if(text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
+  return static_cast<int>(rich_text::CharacterCount(text));
 }
 
 /// The first `count` characters.

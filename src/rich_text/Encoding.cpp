@@ -36,20 +36,16 @@ std::size_t SkipAscii(std::string_view text, std::size_t offset) {
   return offset;
 }
 
-bool IsContinuation(unsigned char byte) {
-  return (byte & 0xC0) == 0x80;
-}
-
 /// The length of the well-formed character at `offset`, 0 when it is malformed.
 std::size_t WellFormedLength(std::string_view bytes, std::size_t offset) {
   const auto at = [&](std::size_t i) { return static_cast<unsigned char>(bytes[offset + i]); };
   const unsigned char lead = at(0);
   if (lead < 0x80) return 1;
   if (lead < 0xC2 || lead > 0xF4) return 0;
-  const std::size_t length = CharacterBytes(lead);
+  const std::size_t length = CharacterBytes(bytes[offset]);
   if (offset + length > bytes.size()) return 0;
   for (std::size_t i = 1; i < length; ++i)
-    if (!IsContinuation(at(i))) return 0;
+    if (!ContinuesCharacter(bytes[offset + i])) return 0;
   if (lead == 0xE0 && at(1) < 0xA0) return 0;  // overlong
   if (lead == 0xED && at(1) > 0x9F) return 0;  // a surrogate
   if (lead == 0xF0 && at(1) < 0x90) return 0;  // overlong
@@ -113,12 +109,27 @@ std::optional<std::string> EncodeText(const DecodedText& text) {
   return bytes;
 }
 
+std::string_view FirstCharacter(std::string_view text) {
+  return text.empty() ? text : text.substr(0, CharacterBytes(text[0]));
+}
+
+std::string_view LastCharacter(std::string_view text) {
+  std::size_t start = text.size();
+  while (start > 0 && ContinuesCharacter(text[--start])) {
+  }
+  return text.substr(start);
+}
+
+std::string_view FromWholeCharacter(std::string_view piece) {
+  return {std::find_if_not(piece.begin(), piece.end(), ContinuesCharacter), piece.end()};
+}
+
 CodePoint CodePointAt(std::string_view text, std::size_t offset) {
   const auto at = [&](std::size_t i) -> char32_t {
     return offset + i < text.size() ? static_cast<unsigned char>(text[offset + i]) & 0x3FU : 0U;
   };
   const auto lead = static_cast<unsigned char>(text[offset]);
-  switch (CharacterBytes(lead)) {
+  switch (CharacterBytes(text[offset])) {
     case 1:
       return {lead, 1};
     case 2:
@@ -148,7 +159,7 @@ void AppendUtf8(std::string& text, char32_t value) {
 
 std::size_t CharacterCount(std::string_view text) {
   return static_cast<std::size_t>(
-      std::count_if(text.begin(), text.end(), [](char c) { return !IsContinuation(static_cast<unsigned char>(c)); }));
+      std::count_if(text.begin(), text.end(), [](char c) { return !ContinuesCharacter(c); }));
 }
 
 std::optional<unsigned char> ToWindows1252(char32_t value) {

@@ -37,10 +37,26 @@ struct CodePoint {
 };
 CodePoint CodePointAt(std::string_view text, std::size_t offset);
 
+/// The bytes that a character takes at most.
+inline constexpr std::size_t LongestCharacter = 4;
+
 /// The length in bytes of the UTF-8 character whose first byte is `lead`.
-constexpr std::size_t CharacterBytes(unsigned char lead) {
-  return lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+constexpr std::size_t CharacterBytes(char lead) {
+  const auto byte = static_cast<unsigned char>(lead);
+  return byte < 0x80 ? 1 : byte < 0xE0 ? 2 : byte < 0xF0 ? 3 : 4;
 }
+
+/// Whether the byte goes on with a character that has begun before it.
+constexpr bool ContinuesCharacter(char byte) {
+  return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+}
+
+/// The first and the last character of a text, "" for none.
+std::string_view FirstCharacter(std::string_view text);
+std::string_view LastCharacter(std::string_view text);
+
+/// A piece of a text without the rest of a character that it may begin with.
+std::string_view FromWholeCharacter(std::string_view piece);
 
 /// Appends one code point as UTF-8.
 void AppendUtf8(std::string& text, char32_t value);

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <cstring>
 
+#include "rich_text/Encoding.h"
+
 namespace rich_text {
 namespace {
 
@@ -35,6 +37,11 @@ std::size_t FindLineEnd(std::string_view text, std::size_t from) {
   }
   while (i < text.size() && text[i] != '\n' && text[i] != '\r') ++i;
   return i;
+}
+
+bool SplitsCharacter(std::string_view text, std::size_t offset) {
+  if (offset == 0 || offset >= text.size()) return false;
+  return ContinuesCharacter(text[offset]) || (text[offset] == '\n' && text[offset - 1] == '\r');
 }
 
 bool EqualButForLineEnds(std::string_view a, std::string_view b) {

@@ -38,6 +38,9 @@ std::size_t LineEndLength(std::string_view text, std::size_t offset);
 /// The offset of the first line end (of any kind) at or after `from`, or the text's size when none follows.
 std::size_t FindLineEnd(std::string_view text, std::size_t from);
 
+/// Whether the offset lies inside a character of the text, or between the CR and the LF of a pair.
+bool SplitsCharacter(std::string_view text, std::size_t offset);
+
 /// Whether two texts are the same when every kind of line end counts as the same one.
 bool EqualButForLineEnds(std::string_view a, std::string_view b);
 

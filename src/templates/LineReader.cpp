@@ -25,7 +25,7 @@ LineReader::Stretch LineReader::TakeCharacters(std::size_t count) {
   Stretch stretch;
   std::size_t end = m_next;
   for (; stretch.Characters < count && end < m_text.size(); ++stretch.Characters)
-    end += rich_text::CharacterBytes(static_cast<unsigned char>(m_text[end]));
+    end += rich_text::CharacterBytes(m_text[end]);
   stretch.Text = m_text.substr(m_next, end - m_next);
   m_nextNumber += LineEndsIn(m_next, end);
   m_next = end;

@@ -13,7 +13,7 @@ constexpr std::size_t LongestLine = 500;
 std::string Shown(const std::string& line) {
   if (line.size() <= LongestLine) return line;
   std::size_t end = 0;
-  while (end < LongestLine) end += rich_text::CharacterBytes(static_cast<unsigned char>(line[end]));
+  while (end < LongestLine) end += rich_text::CharacterBytes(line[end]);
   return line.substr(0, end) + " ...";
 }
 

@@ -107,9 +107,8 @@ void Loader::TakeSynonym(std::string_view word, std::string_view synonym) {
 /// A tip ends with a delimiter, so that its last word can be told apart.
 std::string Loader::TipText(std::string_view written) {
   std::string tip(written);
-  std::size_t last = tip.empty() ? 0 : tip.size() - 1;
-  while (last > 0 && (static_cast<unsigned char>(tip[last]) & 0xC0) == 0x80) --last;
-  if (tip.empty() || !m_delimeters.contains(rich_text::CodePointAt(tip, last).Value)) tip += ' ';
+  const std::string_view last = rich_text::LastCharacter(tip);
+  if (last.empty() || !m_delimeters.contains(rich_text::CodePointAt(last, 0).Value)) tip += ' ';
   return tip;
 }
 

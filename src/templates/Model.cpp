@@ -55,7 +55,7 @@ void colWord::AddTo(KeyedCollection<colWord>& target) {
 
 bool TemplateFields::IsDelimeter(std::string_view text) const {
   if (text.empty()) return false;
-  const auto first = text.substr(0, rich_text::CharacterBytes(static_cast<unsigned char>(text.front())));
+  const auto first = text.substr(0, rich_text::CharacterBytes(text.front()));
   return std::find(Delimeters.begin(), Delimeters.end(), first) != Delimeters.end();
 }
 

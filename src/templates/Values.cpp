@@ -8,8 +8,7 @@ namespace templates {
 
 std::string_view FromCharacter(std::string_view line, std::size_t position) {
   std::size_t offset = 0;
-  for (std::size_t i = 1; i < position && offset < line.size(); ++i)
-    offset += rich_text::CharacterBytes(static_cast<unsigned char>(line[offset]));
+  for (std::size_t i = 1; i < position && offset < line.size(); ++i) offset += rich_text::CharacterBytes(line[offset]);
   return line.substr(offset);
 }
 
@@ -39,10 +38,8 @@ std::optional<std::string_view> StripQuotes(std::string_view field) {
 
 std::string_view DropEnds(std::string_view text) {
   text = FromCharacter(text, 2);
-  if (text.empty()) return text;
-  std::size_t last = text.size() - 1;
-  while (last > 0 && (static_cast<unsigned char>(text[last]) & 0xC0) == 0x80) --last;
-  return text.substr(0, last);
+  text.remove_suffix(rich_text::LastCharacter(text).size());
+  return text;
 }
 
 std::string_view Trimmed(std::string_view text) {

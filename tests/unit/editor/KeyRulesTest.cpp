@@ -215,7 +215,7 @@ std::shared_ptr<const templates::Word> LiteralFind(const templates::TemplateFiel
     if (at == 0) return true;
     while ((static_cast<unsigned char>(text[--at]) & 0xC0) == 0x80) {
     }
-    return editor::IsDelimeter(fields, std::string_view(text).substr(at));
+    return fields.IsDelimeter(std::string_view(text).substr(at));
   };
   for (const auto& word : fields.Words)
     if (ends(word->Name)) return word;

@@ -88,10 +88,10 @@ void Colouring::ColourLines(std::size_t firstLine, std::size_t lastLine) {
   const std::size_t last = std::min(std::max(lastLine, first), m_tools.Control.LineCount());
   if (first > last) return;
   const std::string rtf = m_tools.Control.LinesRTF(first, last);
-  const std::size_t space = rtf.find(' ', std::min(rtf.find("\\deflang"), rtf.size()));
-  if (space == std::string::npos) return;
-  const std::string_view header(rtf.data(), space + 1);
-  const std::string_view piece(rtf.data() + space + 1, rtf.size() - space - 2);  // without the closing brace
+  const std::size_t body = rich_text::RtfBodyStart(rtf);
+  if (body == rtf.size()) return;
+  const std::string_view header(rtf.data(), body);
+  const std::string_view piece(rtf.data() + body, rtf.size() - body - 1);  // without the closing brace
   m_docColours.ReadDocColours(rtf);
   const std::string coloured = ColourText(piece);
   if (coloured.empty()) return ColourScan();
@@ -141,11 +141,8 @@ std::string Colouring::RenderPiece(std::string_view text, const std::vector<Pass
 }
 
 void Colouring::KeepSynonyms(const std::vector<templates::Synonym>& captured) {
-  auto& synonyms = m_state.Template.Synonyms;
-  for (const templates::Synonym& synonym : captured) {
-    if (synonyms.Find(synonym.Word)) synonyms.Remove(synonym.Word);
-    synonyms.Add(std::make_shared<templates::Synonym>(synonym), synonym.Word);
-  }
+  for (const templates::Synonym& synonym : captured)
+    m_state.Template.Synonyms.AddReplacing(std::make_shared<templates::Synonym>(synonym), synonym.Word);
 }
 
 }  // namespace editor

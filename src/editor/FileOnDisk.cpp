@@ -71,6 +71,10 @@ PromptAnswer FileOnDisk::Ask(const std::string& text, PromptAnswer byDefault) {
   return answer;
 }
 
+PromptAnswer FileOnDisk::AskToSaveAgain(const std::string& path) {
+  return Ask(Quoted(path) + " has been deleted or moved by another program.  Save it again?", PromptAnswer::Yes);
+}
+
 /// Always false, the result of what has failed.
 bool FileOnDisk::Tell(const std::string& text) {
   m_isAsking = true;
@@ -115,7 +119,7 @@ bool FileOnDisk::MayReplace(const std::string& path, const platform::FileLook& l
   if (look.Difference == FileDifference::None || (isGone && KnowsOf(look.Seen))) return true;
   m_told = look.Seen;
   const PromptAnswer answer =
-      isGone ? Ask(Quoted(path) + " has been deleted or moved by another program.  Save it again?", PromptAnswer::Yes)
+      isGone ? AskToSaveAgain(path)
              : Ask(Quoted(path) + " has been changed by another program.  Overwrite it with the text of this window?",
                    PromptAnswer::No);
   return answer == PromptAnswer::Yes;
@@ -151,11 +155,8 @@ FileOnDisk::Verdict FileOnDisk::LookForChanges(bool saved) {
   }
   if (KnowsOf(look.Seen)) return Verdict::Nothing;
   m_told = look.Seen;
-  if (look.Difference == FileDifference::Missing) {
-    const PromptAnswer answer =
-        Ask(Quoted(m_path) + " has been deleted or moved by another program.  Save it again?", PromptAnswer::Yes);
-    return answer == PromptAnswer::Yes ? Verdict::SaveAgain : Verdict::Keep;
-  }
+  if (look.Difference == FileDifference::Missing)
+    return AskToSaveAgain(m_path) == PromptAnswer::Yes ? Verdict::SaveAgain : Verdict::Keep;
   const std::string question =
       saved ? "  Reload it?" : "  Reload it?  Your own changes, not saved yet, then come back with Undo.";
   const PromptAnswer answer = Ask(Quoted(m_path) + " has been changed by another program." + question,

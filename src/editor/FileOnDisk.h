@@ -52,6 +52,7 @@ class FileOnDisk {
  private:
   platform::PromptAnswer Ask(const std::string& text, platform::PromptAnswer byDefault);
   bool Tell(const std::string& text);
+  platform::PromptAnswer AskToSaveAgain(const std::string& path);
   std::optional<std::string> Encode(const std::string& path, const std::string& text,
                                     rich_text::TextEncoding& encoding);
   bool MayReplace(const std::string& path, const platform::FileLook& look);

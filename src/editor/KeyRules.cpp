@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <string>
 
-#include "editor/ColourPass.h"
 #include "editor/ViewKeeper.h"
 #include "rich_text/Encoding.h"
 #include "rich_text/StyledText.h"

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "editor/rtfscan/Scanners.h"
+#include "rich_text/Rtf.h"
 
 namespace editor {
 namespace {
@@ -58,10 +59,7 @@ void LineEditing::ColourBetween(std::size_t line, std::size_t other) {
 
 void LineEditing::UncolourLine(std::size_t line) {
   std::string rtf = m_control.LinesRTF(line, line);
-  const std::size_t language = rtf.find("\\deflang");
-  const std::size_t space = language == std::string::npos ? language : rtf.find(' ', language);
-  if (space == std::string::npos) return;
-  const std::size_t body = space + 1;
+  const std::size_t body = rich_text::RtfBodyStart(rtf);
   rtf.resize(body + rtfscan::ClearLn({rtf.data() + body, rtf.size() - body}));
   const ProgramChange change(m_state);
   m_control.SetLinesRTF(line, line, rtf);

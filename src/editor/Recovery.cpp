@@ -57,14 +57,18 @@ void Recovery::Drop() {
 
 // Writing.
 
-Recovery::Stream Recovery::Begin() {
-  Stream stream;
-  stream.File = m_store->Writer().Create(m_name);
+JournalHead Recovery::Head() const {
   JournalHead head = m_describe();
   head.Base = m_base;
   head.Started = m_lastChanged;
+  return head;
+}
+
+Recovery::Stream Recovery::Begin() {
+  Stream stream;
+  stream.File = m_store->Writer().Create(m_name);
   std::string bytes;
-  stream.Encoder.Head(bytes, head);
+  stream.Encoder.Head(bytes, Head());
   Write(stream, bytes);
   return stream;
 }
@@ -129,9 +133,7 @@ void Recovery::Changed(const platform::TextChange& change, bool byProgram) {
 }
 
 void Recovery::HeadChanged() {
-  JournalHead head = m_describe();
-  head.Base = m_base;
-  head.Started = m_lastChanged;
+  const JournalHead head = Head();
   for (std::optional<Stream>* stream : {&m_main, &m_next}) {
     if (!*stream) continue;
     std::string bytes;

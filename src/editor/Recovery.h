@@ -56,6 +56,8 @@ class Recovery {
     std::size_t Bytes = 0;   ///< written since then
   };
 
+  /// What the journals begin with, as of now.
+  JournalHead Head() const;
   Stream Begin();
   void BeginMain();
   void Write(Stream& stream, const std::string& bytes);

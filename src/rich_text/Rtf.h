@@ -30,6 +30,10 @@ std::string RtfHeader(std::string_view fontName);
 /// What stands between the closed colour table and the first character: "\deflang1033\pard\plain\f0\fs20 ".
 inline constexpr std::string_view RtfBodyPrefix = "\\deflang1033\\pard\\plain\\f0\\fs20 ";
 
+/// The offset of the body of a whole RTF: behind the first space after "\deflang", the RTF's size where none follows; 0
+/// for a piece of a body, which has no such prefix.
+std::size_t RtfBodyStart(std::string_view rtf);
+
 /// "\red" R "\green" G "\blue" B ";".
 void AppendColourEntry(std::string& rtf, ColourValue colour);
 

@@ -103,6 +103,13 @@ void AppendBody(std::string& rtf, std::string_view text, const std::vector<Colou
 
 }  // namespace
 
+std::size_t RtfBodyStart(std::string_view rtf) {
+  const std::size_t language = rtf.find("\\deflang");
+  if (language == std::string_view::npos) return 0;
+  const std::size_t space = rtf.find(' ', language);
+  return space == std::string_view::npos ? rtf.size() : space + 1;
+}
+
 void AppendColourEntry(std::string& rtf, ColourValue colour) {
   rtf += "\\red" + std::to_string(colour & 255) + "\\green" + std::to_string(colour >> 8 & 255) + "\\blue" +
          std::to_string(colour >> 16 & 255) + ';';

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "rich_text/Rtf.h"
+
 namespace editor::rtfscan {
 namespace {
 
@@ -75,14 +77,6 @@ Token TokenAt(std::string_view rtf, std::size_t at) {
   return {Kind::Character, at + 2};
 }
 
-/// Where the body of a whole RTF begins: behind the first space after "\deflang".
-std::size_t BodyStart(std::string_view rtf) {
-  const std::size_t language = rtf.find("\\deflang");
-  if (language == std::string_view::npos) return 0;
-  const std::size_t space = rtf.find(' ', language);
-  return space == std::string_view::npos ? rtf.size() : space + 1;
-}
-
 }  // namespace
 
 std::size_t ClearLn(std::span<char> piece) {
@@ -110,7 +104,7 @@ std::size_t GoToLine(std::string_view body, std::size_t n) {
 }
 
 std::size_t WhiteSpace(std::string_view rtf, std::size_t line) {
-  const std::string_view body = rtf.substr(BodyStart(rtf));
+  const std::string_view body = rtf.substr(rich_text::RtfBodyStart(rtf));
   std::size_t at = line < 1 ? body.size() : GoToLine(body, line - 1) - 1;
   std::size_t spaces = 0;
   while (at < body.size()) {
@@ -125,7 +119,7 @@ std::size_t WhiteSpace(std::string_view rtf, std::size_t line) {
 
 std::size_t NumberOfLinesIn(std::string_view rtf) {
   std::size_t lines = 1;
-  for (std::size_t at = BodyStart(rtf); at < rtf.size();) {
+  for (std::size_t at = rich_text::RtfBodyStart(rtf); at < rtf.size();) {
     const Token token = TokenAt(rtf, at);
     if (token.What == Kind::LineEnd) ++lines;
     at = token.End;
@@ -134,7 +128,7 @@ std::size_t NumberOfLinesIn(std::string_view rtf) {
 }
 
 std::size_t RTFPosition(std::string_view rtf, std::size_t offset, std::size_t& cachePos, std::size_t& cacheOffset) {
-  if (cachePos == 0) cachePos = BodyStart(rtf) + 1, cacheOffset = 0;
+  if (cachePos == 0) cachePos = rich_text::RtfBodyStart(rtf) + 1, cacheOffset = 0;
   std::size_t at = cachePos - 1, plain = cacheOffset, characterAt = at;
   while (at < rtf.size()) {
     const Token token = TokenAt(rtf, at);

@@ -1,9 +1,9 @@
 #include "editor/Document.h"
 
 #include "editor/StatusTexts.h"
-#include "editor/TextDifference.h"
 #include "platform/FileParsing.h"
 #include "platform/Files.h"
+#include "rich_text/TextDifference.h"
 #include "settings/TemplateQuestions.h"
 #include "templates/Loader.h"
 
@@ -101,7 +101,7 @@ void Document::CheckFile() {
 bool Document::Reload() {
   const std::optional<std::string> text = m_file.Open(m_state.CurFileName);
   if (!text) return false;
-  const TextDifference difference = DifferenceOf(m_control.Text(), *text);
+  const rich_text::TextDifference difference = rich_text::DifferenceOf(m_control.Text(), *text);
   if (!difference.IsEmpty()) {
     m_undo.tmrWait_ThatTime();  // a step of its own
     ViewKeeper view(m_control);

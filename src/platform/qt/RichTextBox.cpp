@@ -6,6 +6,7 @@
 #include "platform/qt/TextAccessible.h"
 #include "rich_text/Encoding.h"
 #include "rich_text/Rtf.h"
+#include "rich_text/TextDifference.h"
 
 namespace platform::qt {
 namespace {
@@ -16,32 +17,6 @@ constexpr std::size_t SpareBytes = 64 * 1024;
 std::string_view FirstLineEnd(std::string_view text) {
   const std::size_t at = rich_text::FindLineEnd(text, 0);
   return text.substr(at, rich_text::LineEndLength(text, at));
-}
-
-/// Where two texts begin to differ, at the start of a character and never between CR and LF.
-std::size_t CommonStart(std::string_view a, std::string_view b) {
-  const std::size_t limit = std::min(a.size(), b.size());
-  auto same = static_cast<std::size_t>(
-      std::mismatch(a.begin(), a.begin() + static_cast<std::ptrdiff_t>(limit), b.begin()).first - a.begin());
-  const auto splits = [&](std::string_view text) {
-    return same < text.size() &&
-           ((static_cast<unsigned char>(text[same]) & 0xC0) == 0x80 || (text[same] == '\n' && text[same - 1] == '\r'));
-  };
-  while (same > 0 && (splits(a) || splits(b))) --same;
-  return same;
-}
-
-std::size_t CommonEnd(std::string_view a, std::string_view b, std::size_t start) {
-  const std::size_t limit = std::min(a.size(), b.size()) - start;
-  std::size_t same = 0;
-  while (same < limit && a[a.size() - 1 - same] == b[b.size() - 1 - same]) ++same;
-  const auto splits = [&](std::string_view text) {
-    const std::size_t at = text.size() - same;
-    return at < text.size() && at > 0 &&
-           ((static_cast<unsigned char>(text[at]) & 0xC0) == 0x80 || (text[at] == '\n' && text[at - 1] == '\r'));
-  };
-  while (same > 0 && (splits(a) || splits(b))) --same;
-  return same;
 }
 
 /// Moves the runs from offsets of `from` to offsets of `to`, which differ in their line ends only.
@@ -213,11 +188,9 @@ void RichTextBox::Replace(std::size_t start, std::size_t end, std::string_view t
 
 void RichTextBox::ReplaceDifference(std::string_view text) {
   std::string copy;
-  const std::string_view old = WholeText(copy);
-  const std::size_t start = CommonStart(old, text);
-  const std::size_t tail = CommonEnd(old, text, start);
+  const rich_text::TextDifference difference = rich_text::DifferenceOf(WholeText(copy), text);
   Operate([&] {
-    Replace(start, old.size() - tail, text.substr(start, text.size() - tail - start));
+    Replace(difference.Start, difference.OldEnd, text.substr(difference.Start, difference.NewEnd - difference.Start));
     Send(SCI_GOTOPOS, 0);
   });
 }
@@ -275,9 +248,9 @@ void RichTextBox::Select(std::size_t anchor, std::size_t caret) {
 
 /// The offset, or the start of the character or CR LF pair that it would split.
 std::size_t RichTextBox::WholeAt(std::size_t offset) const {
-  const auto byteAt = [this](std::size_t at) { return static_cast<unsigned char>(Send(SCI_GETCHARAT, at)); };
+  const auto byteAt = [this](std::size_t at) { return static_cast<char>(Send(SCI_GETCHARAT, at)); };
   std::size_t at = Clamp(offset);
-  while (at > 0 && (byteAt(at) & 0xC0) == 0x80) --at;
+  while (at > 0 && rich_text::ContinuesCharacter(byteAt(at))) --at;
   return at > 0 && byteAt(at) == '\n' && byteAt(at - 1) == '\r' ? at - 1 : at;
 }
 

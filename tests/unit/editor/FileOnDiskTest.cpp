@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "editor/TextDifference.h"
+#include "rich_text/TextDifference.h"
 #include "tests/laws/Dice.h"
 #include "tests/support/Characters.h"
 #include "tests/support/DocumentFixture.h"
@@ -142,7 +142,7 @@ TEST(TextDifference, RandomTextsDifferWhereTheRangeSays) {
     std::string texts[2];
     for (std::string& text : texts)
       for (std::size_t size = dice.Below(7); size > 0; --size) text += pieces[dice.Below(count % 2 ? 5 : 10)];
-    const editor::TextDifference d = editor::DifferenceOf(texts[0], texts[1]);
+    const rich_text::TextDifference d = rich_text::DifferenceOf(texts[0], texts[1]);
     std::string changed = texts[0];
     changed.replace(d.Start, d.OldEnd - d.Start, texts[1].substr(d.Start, d.NewEnd - d.Start));
     ASSERT_EQ(changed, texts[1]);

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <string_view>
 
-namespace editor {
+namespace rich_text {
 
 /// [Start, OldEnd) of the one text became [Start, NewEnd) of the other.
 struct TextDifference {
@@ -16,4 +16,4 @@ struct TextDifference {
 /// The smallest such range of two valid UTF-8 texts.
 TextDifference DifferenceOf(std::string_view oldText, std::string_view newText);
 
-}  // namespace editor
+}  // namespace rich_text

@@ -8,9 +8,8 @@ namespace platform {
 
 class Failure : public std::runtime_error {
  public:
-  static constexpr int InvalidArgument = 5;      ///< a keyed collection does not hold the key, or holds it already
-  static constexpr int OutOfRange = 9;           ///< an index outside a list
-  static constexpr int DialogCancelled = 32755;  ///< the user cancelled a file, colour or font chooser
+  static constexpr int InvalidArgument = 5;  ///< a keyed collection does not hold the key, or holds it already
+  static constexpr int OutOfRange = 9;       ///< an index outside a list
 
   Failure(int code, const std::string& reason) : std::runtime_error(reason), m_code(code) {}
 

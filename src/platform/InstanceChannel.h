@@ -53,7 +53,4 @@ class InstanceChannel {
   FileDescriptor m_lock;
 };
 
-/// Whether the process at the other end of a connected local socket runs as this user.
-bool PeerIsThisUser(int socket);
-
 }  // namespace platform

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "platform/InstanceChannel.h"
+#include "platform/FileDescriptor.h"
 
 namespace platform {
 
@@ -13,6 +13,9 @@ FileDescriptor MakeLocalSocket();
 /// Binds or connects to the socket file of the folder, however long its path is. False with errno set on failure.
 bool BindIn(int socket, const std::string& folder);
 bool ConnectIn(int socket, const std::string& folder);
+
+/// Whether the process at the other end of a connected socket runs as this user.
+bool PeerIsThisUser(int socket);
 
 /// Removes the socket file of the folder; only its first instance may do so.
 void RemoveSocketIn(const std::string& folder);

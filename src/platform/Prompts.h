@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/TextControl.h"
+#include "platform/FontRecord.h"
 #include "rich_text/StyledText.h"
 
 namespace platform {

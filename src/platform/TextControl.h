@@ -14,6 +14,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/FontRecord.h"
 #include "rich_text/StyledText.h"
 
 namespace platform {
@@ -47,16 +48,6 @@ class TextControlEvents {
   virtual void MouseUp(int button, int shift, int x, int y) = 0;
   /// Files were dropped on the text: absolute paths, one a line.
   virtual void FilesDropped(const std::vector<std::string>& paths) = 0;
-};
-
-/// A font as the settings keep it.
-struct FontRecord {
-  std::string Name;
-  double Size = 10;  ///< points
-  bool Bold = false, Italic = false, Strikethrough = false, Underline = false;
-  bool Fixed = false;  ///< a substitute for a missing face must be of fixed width too
-
-  bool operator==(const FontRecord&) const = default;
 };
 
 class TextControl {

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/TextControl.h"
+#include "platform/FontRecord.h"
 #include "templates/Model.h"
 
 namespace settings {

@@ -4,7 +4,7 @@
 #include <QFont>
 #include <QString>
 
-#include "platform/TextControl.h"
+#include "platform/FontRecord.h"
 
 namespace platform::qt {
 

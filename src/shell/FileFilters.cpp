@@ -7,17 +7,15 @@ platform::FileFilter AllFiles() {
   return {"All Files", {"*.*"}};
 }
 
-}  // namespace
-
+/// "htm;html" gives "*.htm" and "*.html".
 std::vector<std::string> PatternsOf(std::string_view extensions) {
   std::vector<std::string> patterns;
-  while (!extensions.empty()) {
-    const std::string_view extension = extensions.substr(0, extensions.find(';'));
-    if (!extension.empty()) patterns.push_back("*." + std::string(extension));
-    extensions.remove_prefix(std::min(extensions.size(), extension.size() + 1));
-  }
+  for (const std::string& extension : templates::ExtensionsOf(extensions))
+    if (!extension.empty()) patterns.push_back("*." + extension);
   return patterns;
 }
+
+}  // namespace
 
 std::vector<platform::FileFilter> FiltersFor(std::string_view name, std::string_view extensions) {
   std::vector<platform::FileFilter> filters;

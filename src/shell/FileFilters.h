@@ -9,10 +9,7 @@
 
 namespace shell {
 
-/// The patterns of an extension list: "htm;html" gives "*.htm" and "*.html".
-std::vector<std::string> PatternsOf(std::string_view extensions);
-
-/// One type and all files.
+/// One type, whose extensions may be several ("htm;html"), and all files.
 std::vector<platform::FileFilter> FiltersFor(std::string_view name, std::string_view extensions);
 
 /// Every template's files, then the associations' ones together, then all files.

@@ -1,23 +1,10 @@
 #include "shell/FrameMenus.h"
 
+#include "shell/ListedTools.h"
 #include "shell/TemplatesMenu.h"
 #include "shell/WindowList.h"
 
 namespace shell {
-namespace {
-
-platform::DynamicTool ToolOf(const ListedTool& listed) {
-  return {.Name = listed.Name,
-          .Id = listed.Identifier,
-          .Caption = listed.Caption,
-          .Description = listed.Description,
-          .Tip = listed.Tip,
-          .Key = listed.Key,
-          .Checked = listed.Checked,
-          .Icon = ""};
-}
-
-}  // namespace
 
 FrameMenus::FrameMenus(platform::ActiveBar& bar, ProgramValues& values, platform::Prompts& prompts)
     : m_bar(bar), m_values(values), m_prompts(prompts) {}
@@ -28,7 +15,7 @@ void FrameMenus::PopulateTemplates() {
   m_bar.ClearBand("Templates");
   TemplatesMenu menu = shell::PopulateTemplates(m_values.ProgramFolder, m_values.Settings.DefNewTemplate, m_prompts);
   m_values.TemplateList = std::move(menu.List);
-  for (const ListedTool& tool : menu.Tools) m_bar.AddTool("Templates", ToolOf(tool));
+  for (const platform::DynamicTool& tool : menu.Tools) m_bar.AddTool("Templates", tool);
   if (menu.Complete) {
     m_bar.AddTool("Templates", platform::Separator);
     m_bar.AddTool("Templates", "newTemplate");
@@ -73,8 +60,8 @@ std::string FrameMenus::HistoryPath(const std::string& tool) const {
 void FrameMenus::UpdateWindowTabs(const std::vector<const ChildWindow*>& windows, const ChildWindow* active,
                                   const ChildWindow* excluded) {
   m_bar.ClearBand("WindowTabs");
-  for (const ListedTool& tool : WindowTabs(windows, active, excluded, m_prompts))
-    m_bar.AddTool("WindowTabs", ToolOf(tool));
+  for (const platform::DynamicTool& tool : WindowTabs(windows, active, excluded, m_prompts))
+    m_bar.AddTool("WindowTabs", tool);
   m_bar.RecalcLayout();
 }
 
@@ -82,7 +69,7 @@ void FrameMenus::FillWindowMenu(const std::vector<const ChildWindow*>& windows, 
   m_bar.ClearBand("mnuWindow");
   for (const char* tool : {"miWTileA", "miWCascade", "miWTileV", "miWTileH"}) m_bar.AddTool("mnuWindow", tool);
   m_bar.AddTool("mnuWindow", platform::Separator);
-  for (const ListedTool& tool : WindowMenu(windows, active, m_prompts)) m_bar.AddTool("mnuWindow", ToolOf(tool));
+  for (const platform::DynamicTool& tool : WindowMenu(windows, active, m_prompts)) m_bar.AddTool("mnuWindow", tool);
 }
 
 void FrameMenus::FillCustomiseMenu() {

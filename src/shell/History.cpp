@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "platform/FileParsing.h"
-#include "shell/ListedTool.h"
+#include "shell/ListedTools.h"
 
 namespace shell {
 namespace {

@@ -1,14 +1,14 @@
 #include "shell/TemplatesMenu.h"
 
-#include "platform/ProgramFolder.h"
-#include "templates/HeaderScan.h"
+#include "shell/ListedTools.h"
+#include "shell/TemplateList.h"
 
 namespace shell {
 
 TemplatesMenu PopulateTemplates(const std::string& folder, templates::Template& defNewTemplate,
                                 platform::Prompts& prompts) {
   TemplatesMenu menu;
-  for (const std::string& file : platform::ListFiles(folder, ".def")) {
+  for (templates::Template& record : ReadTemplateList(folder)) {
     if (menu.List.size() == MostListed) {
       prompts.Show({.Text = "A maximum of 1999 templates can be displayed",
                     .Title = "Too Many Templates",
@@ -16,11 +16,10 @@ TemplatesMenu PopulateTemplates(const std::string& folder, templates::Template& 
       menu.Complete = false;
       return menu;
     }
-    templates::Template record = templates::ReadTemplateHeader(file);
     if (defNewTemplate.Name.empty() || defNewTemplate.Name == record.Name) defNewTemplate = record;
-    const std::size_t index = menu.List.size();
-    menu.Tools.push_back({.Identifier = TemplateToolBase + static_cast<int>(index) + 1,
-                          .Name = std::string(TemplateTool) + std::to_string(index + 1),
+    const int number = static_cast<int>(menu.List.size()) + 1;
+    menu.Tools.push_back({.Name = std::string(TemplateTool) + std::to_string(number),
+                          .Id = TemplateToolBase + number,
                           .Caption = CaptionText(record.Name),
                           .Description = NewDescription(record)});
     menu.List.push_back(std::move(record));

@@ -5,16 +5,16 @@
 #include <string>
 #include <vector>
 
+#include "platform/ActiveBar.h"
 #include "platform/Prompts.h"
-#include "shell/ListedTool.h"
 #include "templates/Model.h"
 
 namespace shell {
 
 struct TemplatesMenu {
-  std::vector<templates::Template> List;  ///< TemplateList
-  std::vector<ListedTool> Tools;          ///< one for each record
-  bool Complete = true;                   ///< false when there were too many: then nothing follows the entries
+  std::vector<templates::Template> List;     ///< TemplateList
+  std::vector<platform::DynamicTool> Tools;  ///< one for each record
+  bool Complete = true;                      ///< false when there were too many: then nothing follows the entries
 };
 
 /// Reads the folder's templates. `defNewTemplate` keeps its name when a template has it (the last such one is taken),

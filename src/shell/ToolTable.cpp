@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "shell/ListedTool.h"
+#include "shell/ListedTools.h"
 
 namespace shell {
 namespace {

@@ -1,5 +1,7 @@
 #include "shell/WindowList.h"
 
+#include "shell/ListedTools.h"
+
 namespace shell {
 namespace {
 
@@ -19,10 +21,10 @@ std::string MenuCaption(const ChildWindow& window, int number) {
   return "&" + std::to_string(number) + " " + CaptionText(window.Caption());
 }
 
-std::vector<ListedTool> List(const std::vector<const ChildWindow*>& windows, const ChildWindow* active,
-                             const ChildWindow* excluded, std::string_view prefix, Captioned captioned,
-                             platform::Prompts& prompts) {
-  std::vector<ListedTool> tools;
+std::vector<platform::DynamicTool> List(const std::vector<const ChildWindow*>& windows, const ChildWindow* active,
+                                        const ChildWindow* excluded, std::string_view prefix, Captioned captioned,
+                                        platform::Prompts& prompts) {
+  std::vector<platform::DynamicTool> tools;
   for (const ChildWindow* listed : windows) {
     const ChildWindow& window = *listed;
     if (&window == excluded || !IsListed(window)) continue;
@@ -33,8 +35,8 @@ std::vector<ListedTool> List(const std::vector<const ChildWindow*>& windows, con
       break;
     }
     const int number = static_cast<int>(tools.size()) + 1;
-    tools.push_back({.Identifier = WindowToolBase + number,
-                     .Name = std::string(prefix) + std::to_string(number),
+    tools.push_back({.Name = std::string(prefix) + std::to_string(number),
+                     .Id = WindowToolBase + number,
                      .Caption = captioned(window, number),
                      .Description = "Show this Window",
                      .Tip = window.CurFileName().empty() ? window.Caption() : window.CurFileName(),
@@ -50,13 +52,13 @@ std::uint64_t WindowKey(const ChildWindow& window) {
   return reinterpret_cast<std::uintptr_t>(&window);
 }
 
-std::vector<ListedTool> WindowTabs(const std::vector<const ChildWindow*>& windows, const ChildWindow* active,
-                                   const ChildWindow* excluded, platform::Prompts& prompts) {
+std::vector<platform::DynamicTool> WindowTabs(const std::vector<const ChildWindow*>& windows, const ChildWindow* active,
+                                              const ChildWindow* excluded, platform::Prompts& prompts) {
   return List(windows, active, excluded, WindowTabTool, TabCaption, prompts);
 }
 
-std::vector<ListedTool> WindowMenu(const std::vector<const ChildWindow*>& windows, const ChildWindow* active,
-                                   platform::Prompts& prompts) {
+std::vector<platform::DynamicTool> WindowMenu(const std::vector<const ChildWindow*>& windows, const ChildWindow* active,
+                                              platform::Prompts& prompts) {
   return List(windows, active, nullptr, WindowMenuTool, MenuCaption, prompts);
 }
 

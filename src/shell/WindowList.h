@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <vector>
 
+#include "platform/ActiveBar.h"
 #include "platform/Prompts.h"
 #include "shell/ChildWindow.h"
-#include "shell/ListedTool.h"
 
 namespace shell {
 
@@ -15,11 +15,11 @@ std::uint64_t WindowKey(const ChildWindow& window);
 
 /// The tabs of the document and template editor windows among `windows` (in the order in which they were opened) but
 /// for `excluded`. More than MostListed are told to the user and left out.
-std::vector<ListedTool> WindowTabs(const std::vector<const ChildWindow*>& windows, const ChildWindow* active,
-                                   const ChildWindow* excluded, platform::Prompts& prompts);
+std::vector<platform::DynamicTool> WindowTabs(const std::vector<const ChildWindow*>& windows, const ChildWindow* active,
+                                              const ChildWindow* excluded, platform::Prompts& prompts);
 
 /// The same windows as entries of the Window menu, numbered and without the mark of unsaved changes.
-std::vector<ListedTool> WindowMenu(const std::vector<const ChildWindow*>& windows, const ChildWindow* active,
-                                   platform::Prompts& prompts);
+std::vector<platform::DynamicTool> WindowMenu(const std::vector<const ChildWindow*>& windows, const ChildWindow* active,
+                                              platform::Prompts& prompts);
 
 }  // namespace shell

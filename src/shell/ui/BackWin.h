@@ -21,7 +21,7 @@
 #include "settings/ToolbarLayout.h"
 #include "shell/CommandTable.h"
 #include "shell/FrameMenus.h"
-#include "shell/ListedTool.h"
+#include "shell/ListedTools.h"
 #include "shell/ProgramValues.h"
 #include "shell/StartUp.h"
 #include "shell/ui/HelpKey.h"

@@ -38,7 +38,7 @@ std::string Describe(const std::vector<platform::FileFilter>& filters) {
 }
 
 TEST(FileFilters, ListTypesThenAllFiles) {
-  EXPECT_EQ(Describe(FiltersFor("Script", "htm;;html;")), "Script: *.htm *.html\nAll Files: *.*\n");
+  EXPECT_EQ(Describe(FiltersFor("Script", "htm;; html;")), "Script: *.htm *.html\nAll Files: *.*\n");
   EXPECT_EQ(Describe(FiltersFor("Script", "")), "All Files: *.*\n");
   EXPECT_EQ(Describe(TemplateFilters({{"JS", "js;mjs", ""}, {"C", "c", ""}}, {{"", "x", ""}, {"", "y", ""}})),
             "JS File: *.js *.mjs\nC File: *.c\nOthers: *.x *.y\nAll Files: *.*\n");

@@ -41,11 +41,10 @@ TEST(History, CaptionsFollowTheNewestFilesFolder) {
   EXPECT_EQ(history.Entries()[0].Description, "/srv/e.js");
 }
 
-std::string Describe(const std::vector<ListedTool>& tools) {
+std::string Describe(const std::vector<platform::DynamicTool>& tools) {
   std::string all;
-  for (const ListedTool& tool : tools)
-    all +=
-        std::to_string(tool.Identifier) + ' ' + tool.Name + ' ' + tool.Caption + (tool.Checked ? " checked\n" : "\n");
+  for (const platform::DynamicTool& tool : tools)
+    all += std::to_string(tool.Id) + ' ' + tool.Name + ' ' + tool.Caption + (tool.Checked ? " checked\n" : "\n");
   return all;
 }
 
@@ -66,7 +65,7 @@ TEST(WindowList, TabsAndMenuListTheWindows) {
                     .Title = "Too Many Windows",
                     .Icon = platform::PromptIcon::Critical});
   EXPECT_EQ(WindowTabs(many, nullptr, nullptr, prompts).back().Name, "tbWList1999");
-  EXPECT_EQ(WindowMenu(many, nullptr, prompts).back().Identifier, 4999);
+  EXPECT_EQ(WindowMenu(many, nullptr, prompts).back().Id, 4999);
 }
 
 TEST(TemplatesMenu, TheNewDocumentTemplateFollowsItsName) {

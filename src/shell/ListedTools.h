@@ -1,8 +1,7 @@
 #pragma once
-// An entry that a list puts on a band while the program runs: one for each template, window or file.
+// What the tools are called that lists put on a band while the program runs: one for each template, window or file.
 
 #include <charconv>
-#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -25,16 +24,6 @@ inline std::size_t NumberOf(std::string_view name, std::string_view prefix) {
   const auto [stop, error] = std::from_chars(name.data() + prefix.size(), end, number);
   return error == std::errc() && stop == end ? number : 0;
 }
-
-struct ListedTool {
-  int Identifier = 0;
-  std::string Name;
-  std::string Caption;
-  std::string Description;
-  std::string Tip = {};   ///< "" for the description
-  std::uint64_t Key = 0;  ///< of an entry for a window: its WindowKey
-  bool Checked = false;
-};
 
 /// A name as part of a caption, where "&" marks an access key.
 inline std::string CaptionText(const std::string& name) {

@@ -89,16 +89,9 @@ bool CommandTable::Holds(CommandCondition condition) const {
   return child && (condition == CommandCondition::ChildActive || child->FormName() == "Mainwin");
 }
 
-bool CommandTable::Bound(std::string_view tool) const {
-  const std::size_t index = IndexOf(tool);
-  return index < m_actions.size() && m_actions[index];
-}
-
-std::vector<std::string> CommandTable::Waiting() const {
-  std::vector<std::string> waiting;
+void CommandTable::RequireAll() const {
   for (std::size_t i = 0; i < m_actions.size(); ++i)
-    if (!m_actions[i]) waiting.emplace_back(CommandRules()[i].Name);
-  return waiting;
+    if (!m_actions[i]) throw std::logic_error("nothing is bound to the command " + std::string(CommandRules()[i].Name));
 }
 
 }  // namespace shell

@@ -1,7 +1,6 @@
 #pragma once
 // What the frame's tools do: one table of commands in a fixed order, each with a name (or the beginning of one), the
-// condition under which it runs, and the action that the frame binds to it. A command whose action is not bound yet
-// does nothing and is listed as waiting, so that none is forgotten.
+// condition under which it runs, and the action that the frame binds to it.
 
 #include <functional>
 #include <string>
@@ -39,11 +38,8 @@ class CommandTable {
   /// Runs the command of a tool when its condition holds; a name without a command does nothing.
   void Run(const std::string& tool) const;
 
-  /// Whether a click on the tool can do anything.
-  bool Bound(std::string_view tool) const;
-
-  /// The commands without an action.
-  std::vector<std::string> Waiting() const;
+  /// To be called when all have been bound: a command without an action is a mistake of the program.
+  void RequireAll() const;
 
  private:
   std::size_t IndexOf(std::string_view tool) const;

@@ -87,8 +87,6 @@ class BackWin : public QMainWindow, private editor::DocumentFrame, private templ
   /// The document window in front, or null.
   editor::ui::Mainwin* ActiveDocument() const;
   std::size_t WindowCount() const;
-  /// The commands that nothing has been bound to yet; their tools are grey.
-  std::vector<std::string> WaitingCommands() const { return m_commands.Waiting(); }
   ProgramValues& Values() { return m_values; }
 
  Q_SIGNALS:
@@ -114,7 +112,7 @@ class BackWin : public QMainWindow, private editor::DocumentFrame, private templ
   std::string AskTemplate() override;
   std::string GetTemplateOf(std::string_view extension) const override;
   void AddAssociation(const templates::Template& association) override;
-  void EnableTool(std::string_view name, bool enabled) override;
+  void EnableTool(std::string_view name, bool enabled) override { m_bar.Enable(name, enabled); }
   void CheckTool(std::string_view name, bool checked) override { m_bar.Check(name, checked); }
   void UpdateWindowTabs() override { UpdateWindowTabs(nullptr); }
   void ShowTextPopup(int x, int y) override;
@@ -166,7 +164,6 @@ class BackWin : public QMainWindow, private editor::DocumentFrame, private templ
   void EveryDocument(const std::function<void(editor::ui::Mainwin&)>& action);
   /// Binds the command of a tool that concerns the active document.
   void BindDocument(std::string_view tool, std::function<void(editor::ui::Mainwin&)> action);
-  void DisableWaitingTools();
   bool Confirmed(const std::string& question);
   void WordWrap(editor::ui::Mainwin& document);
   void RefreshColouring(editor::ui::Mainwin& document);

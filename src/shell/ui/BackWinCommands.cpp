@@ -29,15 +29,6 @@ void BackWin::BandOpens(const std::string& band) {
   if (band == platform::CustomiseBand) m_menus.FillCustomiseMenu();
 }
 
-// A tool whose command is not there yet stays grey, whatever a document says.
-void BackWin::EnableTool(std::string_view name, bool enabled) {
-  m_bar.Enable(name, enabled && m_commands.Bound(name));
-}
-
-void BackWin::DisableWaitingTools() {
-  for (const std::string& tool : m_commands.Waiting()) m_bar.Enable(tool, false);
-}
-
 void BackWin::BindCommands() {
   BindFileCommands();
   BindEditCommands();
@@ -46,7 +37,7 @@ void BackWin::BindCommands() {
   BindAidCommands();
   BindSettingsCommands();
   BindTemplateCommands();
-  DisableWaitingTools();
+  m_commands.RequireAll();
 }
 
 void BackWin::BindDocument(std::string_view tool, std::function<void(editor::ui::Mainwin&)> action) {

@@ -29,10 +29,6 @@ class FrameTest : public tests::FrameFixture {
   static constexpr std::size_t LongBytes = 60'000'000;
 };
 
-TEST_F(FrameTest, EveryCommandHasItsAction) {
-  EXPECT_EQ(m_frame.WaitingCommands(), std::vector<std::string>());
-}
-
 TEST_F(FrameTest, TypingThatPausesCanBeUndoneAndRedoneByTheirKeys) {
   platform::qt::RichTextBox& area = Open("a.js", "var a;\n").TextArea();
   QTest::keyClick(area.viewport(), Qt::Key_X);

@@ -2,8 +2,8 @@
 // The rules of the completion list that need no window: which row a typed prefix selects, where the page keys go, how
 // large the list is, when it must close and which text a chosen word replaces.
 //
-// Rows are 1-based and 0 means none. Offsets are bytes, 0-based; stretches are [start, end). Sizes are twips, of which
-// TwipsX (TwipsY) are one device-independent pixel. Nothing here fails.
+// Rows are 1-based and 0 means none. Offsets are bytes, 0-based; stretches are [start, end). Sizes are twips. Nothing
+// here fails.
 
 #include <cstddef>
 #include <string>
@@ -66,8 +66,7 @@ struct ListMetrics {
   int tmHeight = 0;        ///< height of a character of the list's font
   int DialogFrame = 0;     ///< width of the window's frame
   int ScrollBarWidth = 0;  ///< of a vertical scroll bar
-  float TwipsX = 15, TwipsY = 15;
-  float maxW = 0;  ///< twips
+  float maxW = 0;          ///< twips
 };
 
 struct ListSize {

@@ -3,7 +3,7 @@
 // below the caret's line. At the bottom edge of the screen a pop-up flips above the caret's line, at the right edge it
 // moves left, and it never begins left of or above the screen.
 //
-// Twips, counted from the desktop's upper left corner, of which TwipsX (TwipsY) are one device-independent pixel.
+// Twips, counted from the desktop's upper left corner.
 
 namespace aids {
 
@@ -15,7 +15,6 @@ struct Box {
 struct CaretPoint {
   int X = 0, Y = 0;
   int tmHeight = 0;
-  float TwipsX = 15, TwipsY = 15;
 };
 
 /// The list: the icon and the window's frame stand left of the caret.

@@ -5,9 +5,8 @@
 namespace settings {
 namespace {
 
-constexpr int TwipsAPixel = 15;
-constexpr int Margin = 180 / TwipsAPixel;
-constexpr int NarrowestExtension = 870 / TwipsAPixel;
+constexpr int Margin = 12;
+constexpr int NarrowestExtension = 58;
 
 std::vector<platform::PairRow> RowsOf(const std::vector<templates::Template>& associations) {
   std::vector<platform::PairRow> rows;

@@ -6,7 +6,7 @@ namespace shell {
 namespace {
 
 void InitialiseFrame(FrameSteps& frame) {
-  const std::array<std::string, 3> history = frame.LoadSettings();
+  const settings::HistoryPaths history = frame.LoadSettings();
   frame.ReadFileInfo();
   frame.LoadToolbarLayout();
   for (const std::string& path : history) frame.AddToHistory(path);

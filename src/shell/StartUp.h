@@ -1,11 +1,11 @@
 #pragma once
 // In which order the program starts and ends. The frame does each step; what follows what stands here.
 
-#include <array>
 #include <functional>
 #include <string>
 
 #include "platform/Prompts.h"
+#include "settings/Settings.h"
 #include "shell/CommandLine.h"
 
 namespace shell {
@@ -20,7 +20,7 @@ class FrameSteps {
   virtual void EnterProgramFolder() = 0;  ///< makes it the current folder
   virtual void PreLoad() = 0;             ///< warms up the text scanners
   virtual void SetHelpFile() = 0;
-  virtual std::array<std::string, 3> LoadSettings() = 0;  ///< gives the history's paths
+  virtual settings::HistoryPaths LoadSettings() = 0;  ///< gives the history's paths
   virtual void ReadFileInfo() = 0;
   virtual void LoadToolbarLayout() = 0;
   virtual void AddToHistory(const std::string& path) = 0;

@@ -9,9 +9,12 @@
 
 #include "aids/ui/ListIcons.h"
 #include "aids/ui/WidestText.h"
+#include "platform/Twips.h"
 
 namespace aids::ui {
 namespace {
+
+using platform::TwipsPerPixel;
 
 constexpr int DialogFrame = 4;  ///< one pixel of line, three of room before the icon
 constexpr int Inset = 2;        ///< of the rows: line and room around them
@@ -120,7 +123,7 @@ void ContextList::Populate(std::vector<std::string>& Population, const std::vect
   list.tmHeight = QFontMetrics(font()).height();
   list.DialogFrame = DialogFrame;
   list.ScrollBarWidth = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, CList->verticalScrollBar());
-  list.maxW = Twips * static_cast<float>(std::ceil(WidestText(metrics, Population)));
+  list.maxW = TwipsPerPixel * static_cast<float>(std::ceil(WidestText(metrics, Population)));
   m_size = SizeOfList(static_cast<int>(number), list);
   static_cast<RowDelegate*>(CList->itemDelegate())->Height = m_size.RowHeight;
   CList->setVerticalScrollBarPolicy(m_size.Scrolls ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
@@ -157,7 +160,7 @@ Box ContextList::BoxAt(const CaretPoint& caret) const {
 }
 
 void ContextList::FitTo(int available) {
-  m_size.Width = std::min(m_size.Width, Twips * static_cast<float>(available));
+  m_size.Width = std::min(m_size.Width, TwipsPerPixel * static_cast<float>(available));
 }
 
 void ContextList::resizeEvent(QResizeEvent*) {

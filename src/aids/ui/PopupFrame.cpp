@@ -7,16 +7,21 @@
 #include <QScrollBar>
 #include <cmath>
 
+#include "platform/Twips.h"
+
 namespace aids::ui {
 namespace {
 
+using platform::TwipsPerPixel;
+
 int Pixels(float twips) {
-  return static_cast<int>(std::lround(twips / Twips));
+  return static_cast<int>(std::lround(twips / TwipsPerPixel));
 }
 
 Box InTwips(const QRect& rectangle) {
-  return {Twips * static_cast<float>(rectangle.x()), Twips * static_cast<float>(rectangle.y()),
-          Twips * static_cast<float>(rectangle.width()), Twips * static_cast<float>(rectangle.height())};
+  return {TwipsPerPixel * static_cast<float>(rectangle.x()), TwipsPerPixel * static_cast<float>(rectangle.y()),
+          TwipsPerPixel * static_cast<float>(rectangle.width()),
+          TwipsPerPixel * static_cast<float>(rectangle.height())};
 }
 
 }  // namespace
@@ -82,7 +87,7 @@ void PopupFrame::Place() {
   const QScreen* screen = QGuiApplication::screenAt(at);
   const QRect available = (screen ? screen : m_text->screen())->availableGeometry();
   FitTo(available.width());
-  const CaretPoint point{at.x(), at.y(), caret.height(), Twips, Twips};
+  const CaretPoint point{at.x(), at.y(), caret.height()};
   Box box = KeptOnScreen(BoxAt(point), point, InTwips(available));
   if (m_above && m_above->isVisible()) box = KeptClearOf(InTwips(m_above->geometry()), box, point, InTwips(available));
   setGeometry(Pixels(box.Left), Pixels(box.Top), Pixels(box.Width), Pixels(box.Height));

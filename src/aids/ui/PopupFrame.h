@@ -5,7 +5,7 @@
 // The window remembers the offset under which it was shown and finds its place again when the text scrolls or the
 // frame moves. It is hidden while its place is out of sight or the application is not active, and shown again later;
 // its owner stays the same meanwhile. At the bottom edge of the caret's screen it flips above the caret's line, at the
-// right edge it moves left. Pixels are device-independent, 15 twips each.
+// right edge it moves left.
 
 #include <QPointer>
 #include <QWidget>
@@ -15,8 +15,6 @@
 #include "platform/qt/RichTextBox.h"
 
 namespace aids::ui {
-
-inline constexpr float Twips = 15;
 
 /// The colour at `part` of the way from one to the other.
 QColor Mixed(const QColor& from, const QColor& to, double part);

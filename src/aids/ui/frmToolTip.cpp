@@ -3,8 +3,12 @@
 #include <QEvent>
 #include <QFontMetricsF>
 
+#include "platform/Twips.h"
+
 namespace aids::ui {
 namespace {
+
+using platform::TwipsPerPixel;
 
 constexpr int RoomBeside = 10, RoomAbove = 5;
 
@@ -59,8 +63,9 @@ Box frmToolTip::BoxAt(const CaretPoint& caret) const {
   const QString word = QString::fromStdString(Text()->TextRange(m_start, m_end));
   const qreal w =
       start.top() == end.top() ? end.left() - start.left() : QFontMetricsF(Text()->ShownFont()).horizontalAdvance(word);
-  return TipBox(caret, Twips * static_cast<float>(w), Twips * static_cast<float>(RoomBeside + tipText->width()),
-                Twips * static_cast<float>(RoomAbove + tipText->height()));
+  return TipBox(caret, TwipsPerPixel * static_cast<float>(w),
+                TwipsPerPixel * static_cast<float>(RoomBeside + tipText->width()),
+                TwipsPerPixel * static_cast<float>(RoomAbove + tipText->height()));
 }
 
 void frmToolTip::resizeEvent(QResizeEvent*) {

@@ -4,7 +4,8 @@
 #include <QFileInfo>
 #include <QProcess>
 #include <QUrl>
-#include <cstdlib>
+
+#include "platform/UserFolders.h"
 
 namespace platform::qt {
 namespace {
@@ -26,8 +27,7 @@ bool IsUrl(const std::string& program) {
 
 int QtShell::ShellExecute(const std::string& program, const std::string& arguments) {
   const QString name = QString::fromStdString(program);
-  const char* searchPath = std::getenv("PATH");
-  const std::string executable = FindExecutable(program, searchPath ? searchPath : "");
+  const std::string executable = FindExecutable(program, Environment("PATH"));
   if (!executable.empty()) {
     QStringList list;
     for (const std::string& argument : SplitArguments(arguments)) list += QString::fromStdString(argument);

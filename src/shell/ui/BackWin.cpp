@@ -9,7 +9,6 @@
 
 #include "editor/RecoveryOffer.h"
 #include "platform/FileParsing.h"
-#include "platform/ProgramFolder.h"
 #include "settings/TemplateChoice.h"
 #include "settings/TemplateQuestions.h"
 #include "shell/CaretPlace.h"
@@ -46,7 +45,6 @@ BackWin::BackWin(platform::Prompts& prompts, const FramePlaces& places)
       m_aids(*this, *this, places.ProgramFolder) {
   m_values.ProgramFolder = places.ProgramFolder;
   m_values.StartFolder = places.StartFolder;
-  m_values.HelpFile = platform::FindHelpFile(places.ProgramFolder, platform::ProgramPlaces::FromProcess());
   setObjectName(QStringLiteral("BackWin"));
   setWindowTitle(QStringLiteral("Quillmark"));
   setAcceptDrops(true);
@@ -74,6 +72,7 @@ BackWin::BackWin(platform::Prompts& prompts, const std::string& programFolder)
                                    .RegistryPath = "",
                                    .InstanceFolder = "",
                                    .RecoveryFolder = ""}) {
+  m_lifetime->SetHelpFile();
   m_menus.PopulateTemplates();
   m_popups.WatchActivation(true);
 }

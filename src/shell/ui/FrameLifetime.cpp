@@ -3,6 +3,7 @@
 #include <QWidget>
 #include <filesystem>
 
+#include "aids/PreviewPage.h"
 #include "editor/rtfscan/Scanners.h"
 #include "platform/ProgramFolder.h"
 #include "settings/RegistryFile.h"
@@ -18,11 +19,7 @@ FrameLifetime::FrameLifetime(const Parts& parts, std::string registryPath, Actio
       m_store(parts.Values.Settings, parts.Prompts, StoreSteps()) {}
 
 settings::StoreSteps FrameLifetime::StoreSteps() {
-  return {.Screen =
-              [] {
-                const ScreenTwips screen = MainScreen();
-                return settings::ScreenSize{screen.Width, screen.Height};
-              },
+  return {.Screen = MainScreen,
           .WriteFileInfo = [this] { m_fileInfo.WriteFileInfo(); },
           .SaveToolbarLayout = [this] { m_parts.Layout.SaveToolbarLayout(); },
           .ResetToolbars = [this] { m_parts.Layout.ResetToolbars(); }};
@@ -43,8 +40,8 @@ void FrameLifetime::SetHelpFile() {
       platform::FindHelpFile(m_parts.Values.ProgramFolder, platform::ProgramPlaces::FromProcess());
 }
 
-std::array<std::string, 3> FrameLifetime::LoadSettings() {
-  const std::array<std::string, 3> history = m_store.LoadSettings(settings::RegistryFile(m_registryPath));
+settings::HistoryPaths FrameLifetime::LoadSettings() {
+  const settings::HistoryPaths history = m_store.LoadSettings(settings::RegistryFile(m_registryPath));
   ApplyPlace(m_parts.Window, m_parts.Values.Settings.Frame);
   return history;
 }
@@ -72,7 +69,7 @@ void FrameLifetime::SaveSettings() {
 
 void FrameLifetime::DeletePreviewPage() {
   std::error_code ignored;
-  std::filesystem::remove(m_parts.Values.ProgramFolder + "/~Preview.html", ignored);
+  std::filesystem::remove(aids::PreviewFile(m_parts.Values.ProgramFolder), ignored);
 }
 
 }  // namespace shell::ui

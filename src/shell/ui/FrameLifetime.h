@@ -38,7 +38,7 @@ class FrameLifetime final : public FrameSteps {
   void EnterProgramFolder() override;
   void PreLoad() override;
   void SetHelpFile() override;
-  std::array<std::string, 3> LoadSettings() override;
+  settings::HistoryPaths LoadSettings() override;
   void ReadFileInfo() override { m_fileInfo.ReadFileInfo(); }
   void LoadToolbarLayout() override;
   void AddToHistory(const std::string& path) override { m_parts.Menus.AddToHistory(path); }

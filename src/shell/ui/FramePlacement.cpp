@@ -5,8 +5,12 @@
 #include <QWidget>
 #include <cmath>
 
+#include "platform/Twips.h"
+
 namespace shell::ui {
 namespace {
+
+using platform::TwipsPerPixel;
 
 constexpr QSize Smallest(240, 160);
 
@@ -60,7 +64,7 @@ void RememberPlace(const QWidget& window, settings::FramePlace& place) {
   place.Height = static_cast<float>(window.height()) * TwipsPerPixel;
 }
 
-ScreenTwips MainScreen() {
+settings::ScreenSize MainScreen() {
   const QSize size = QGuiApplication::primaryScreen()->availableSize();
   return {static_cast<float>(size.width()) * TwipsPerPixel, static_cast<float>(size.height()) * TwipsPerPixel};
 }

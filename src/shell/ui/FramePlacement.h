@@ -1,13 +1,11 @@
 #pragma once
-// The frame's place on the screen, between the toolkit's pixels and the twips of the settings, 15 a pixel.
+// The frame's place on the screen, between the toolkit's pixels and the twips of the settings.
 
-#include "settings/Settings.h"
+#include "settings/SettingsStore.h"
 
 class QWidget;
 
 namespace shell::ui {
-
-inline constexpr float TwipsPerPixel = 15;
 
 /// Puts the window where the settings say, on a screen that exists, without showing it.
 void ApplyPlace(QWidget& window, const settings::FramePlace& place);
@@ -19,9 +17,6 @@ void ShowInState(QWidget& window, settings::WindowState state);
 void RememberPlace(const QWidget& window, settings::FramePlace& place);
 
 /// The main screen's size in twips.
-struct ScreenTwips {
-  float Width = 0, Height = 0;
-};
-ScreenTwips MainScreen();
+settings::ScreenSize MainScreen();
 
 }  // namespace shell::ui

@@ -3,14 +3,14 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/qt/Text.h"
+
 namespace aids::ui {
 namespace {
 
-constexpr std::size_t Candidates = 32;
+using platform::qt::Text;
 
-QString FromUtf8(const std::string& text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
+constexpr std::size_t Candidates = 32;
 
 /// Adds up the widths of the characters; a text that is not all ASCII is measured.
 class Estimate {
@@ -24,7 +24,7 @@ class Estimate {
     qreal width = 0;
     for (const char c : text) {
       const auto byte = static_cast<unsigned char>(c);
-      if (byte >= m_widths.size()) return m_metrics.horizontalAdvance(FromUtf8(text));
+      if (byte >= m_widths.size()) return m_metrics.horizontalAdvance(Text(text));
       width += m_widths[byte];
     }
     return width;
@@ -51,7 +51,7 @@ qreal WidestText(const QFontMetricsF& metrics, const std::vector<std::string>& t
                     [](const Guess& a, const Guess& b) { return a.Width > b.Width; });
   qreal widest = 0;
   for (auto guess = guesses.begin(); guess != measured; ++guess)
-    widest = std::max(widest, metrics.horizontalAdvance(FromUtf8(*guess->Text)));
+    widest = std::max(widest, metrics.horizontalAdvance(Text(*guess->Text)));
   return widest;
 }
 

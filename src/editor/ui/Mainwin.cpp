@@ -7,6 +7,8 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "platform/qt/Text.h"
+
 namespace editor::ui {
 
 Mainwin::Mainwin(DocumentFrame& frame) : m_textArea(new platform::qt::RichTextBox(this)) {
@@ -39,25 +41,17 @@ std::string Mainwin::Caption() const {
 }
 
 void Mainwin::SetCaption(std::string_view caption) {
-  setWindowTitle(QString::fromUtf8(caption.data(), static_cast<qsizetype>(caption.size())));
-}
-
-QMdiSubWindow* Mainwin::SubWindow() const {
-  return qobject_cast<QMdiSubWindow*>(parentWidget());
-}
-
-bool Mainwin::IsActive() const {
-  const QMdiSubWindow* window = SubWindow();
-  return window && window->mdiArea() && window->mdiArea()->currentSubWindow() == window;
+  setWindowTitle(platform::qt::Text(caption));
 }
 
 void Mainwin::BringToFront() {
-  if (QMdiSubWindow* window = SubWindow(); window && !IsActive()) window->mdiArea()->setActiveSubWindow(window);
+  if (QMdiSubWindow* window = platform::qt::SubWindowOf(*this); window && !IsActive())
+    window->mdiArea()->setActiveSubWindow(window);
 }
 
 void Mainwin::CloseWindow() {
   m_closed = true;
-  if (QMdiSubWindow* window = SubWindow()) QTimer::singleShot(0, window, &QMdiSubWindow::close);
+  platform::qt::CloseSoon(*this);
 }
 
 void Mainwin::closeEvent(QCloseEvent* event) {
@@ -65,7 +59,7 @@ void Mainwin::closeEvent(QCloseEvent* event) {
     // The run is somewhere below in the stack; it ends at once, and then the window can go.
     m_document->CancelColouring();
     event->ignore();
-    if (QMdiSubWindow* window = SubWindow()) QTimer::singleShot(0, window, &QMdiSubWindow::close);
+    platform::qt::CloseSoon(*this);
     return;
   }
   m_closed = m_closed || m_document->MayClose();

@@ -5,9 +5,8 @@
 
 #include "editor/Document.h"
 #include "platform/qt/RichTextBox.h"
+#include "platform/qt/SubWindow.h"
 #include "shell/ChildWindow.h"
-
-class QMdiSubWindow;
 
 namespace editor::ui {
 
@@ -68,9 +67,7 @@ class Mainwin : public QWidget, public shell::ChildWindow, public DocumentWindow
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  QMdiSubWindow* SubWindow() const;
-
-  bool IsActive() const override;
+  bool IsActive() const override { return platform::qt::IsInFront(*this); }
   void SetCaption(std::string_view caption) override;
   void CloseWindow() override;
   bool SaveSynonyms(const std::string& path) override { return m_saveSynonyms && m_saveSynonyms(path); }

@@ -8,12 +8,10 @@
 #include <QToolButton>
 #include <algorithm>
 
+#include "platform/qt/Text.h"
+
 namespace platform::qt {
 namespace {
-
-QString TextOf(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 /// Sets the text and lets the panel keep the widest room that it ever needed.
 template <typename Panel>
@@ -93,12 +91,12 @@ void StatusBar::AddTemplateButton(QWidget& row) {
 }
 
 void StatusBar::SetPanelText(std::string_view key, std::string_view text) {
-  if (key == "CoOrds") ShowText(*m_coOrds, TextOf(text));
-  if (key == "DocSize") ShowText(*m_docSize, TextOf(text));
+  if (key == "CoOrds") ShowText(*m_coOrds, Text(text));
+  if (key == "DocSize") ShowText(*m_docSize, Text(text));
   if (key != "Template") return;
   // A lone "&" in a button's text would mark a shortcut.
-  ShowText(*m_template, TextOf(text).replace(QLatin1Char('&'), QLatin1String("&&")));
-  m_template->setAccessibleName(TextOf(text));
+  ShowText(*m_template, Text(text).replace(QLatin1Char('&'), QLatin1String("&&")));
+  m_template->setAccessibleName(Text(text));
 }
 
 void StatusBar::SetStyle(StatusStyle style) {
@@ -108,7 +106,7 @@ void StatusBar::SetStyle(StatusStyle style) {
 }
 
 void StatusBar::SetSimpleText(std::string_view text) {
-  m_simple->setText(TextOf(text));
+  m_simple->setText(Text(text));
 }
 
 void StatusBar::SetOverwrite(bool overwrite) {

@@ -130,7 +130,8 @@ bool frmTemplate::eventFilter(QObject* watched, QEvent* event) {
   const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
   const bool byUser = reason == Qt::MouseFocusReason || reason == Qt::TabFocusReason ||
                       reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
-  if (byUser && SubWindow() && !SubWindow()->isHidden()) m_lastFocus = qobject_cast<QWidget*>(watched);
+  const QMdiSubWindow* window = platform::qt::SubWindowOf(*this);
+  if (byUser && window && !window->isHidden()) m_lastFocus = qobject_cast<QWidget*>(watched);
   return false;
 }
 
@@ -173,13 +174,9 @@ TemplateRecord frmTemplate::About() const {
 
 // The window.
 
-QMdiSubWindow* frmTemplate::SubWindow() const {
-  return qobject_cast<QMdiSubWindow*>(parentWidget());
-}
-
 bool frmTemplate::event(QEvent* event) {
   if (event->type() == QEvent::ParentChange)
-    if (QMdiSubWindow* window = SubWindow()) new FixedNormalSize(*window);
+    if (QMdiSubWindow* window = platform::qt::SubWindowOf(*this)) new FixedNormalSize(*window);
   return QWidget::event(event);
 }
 
@@ -189,22 +186,17 @@ void frmTemplate::Activated() {
   setFocus();
 }
 
-bool frmTemplate::IsActive() const {
-  const QMdiSubWindow* window = SubWindow();
-  return window && window->mdiArea() && window->mdiArea()->currentSubWindow() == window;
-}
-
 void frmTemplate::SetCaption(std::string_view caption) {
   setWindowTitle(platform::qt::Text(caption));
 }
 
 void frmTemplate::BringToFront() {
-  if (QMdiSubWindow* window = SubWindow()) window->mdiArea()->setActiveSubWindow(window);
+  if (QMdiSubWindow* window = platform::qt::SubWindowOf(*this)) window->mdiArea()->setActiveSubWindow(window);
 }
 
 void frmTemplate::CloseWindow() {
   m_closed = true;
-  if (QMdiSubWindow* window = SubWindow()) QTimer::singleShot(0, window, &QMdiSubWindow::close);
+  platform::qt::CloseSoon(*this);
 }
 
 LeaveAnswer frmTemplate::AskToLeave(Level level, bool mayChange) {

@@ -6,12 +6,11 @@
 #include <QTabWidget>
 #include <memory>
 
+#include "platform/qt/SubWindow.h"
 #include "shell/ChildWindow.h"
 #include "template_editor/TemplateEditor.h"
 #include "template_editor/ui/AboutTemplate.h"
 #include "template_editor/ui/InitialTextEvents.h"
-
-class QMdiSubWindow;
 
 namespace template_editor::ui {
 
@@ -58,14 +57,13 @@ class frmTemplate : public QWidget, public shell::ChildWindow, public EditorWind
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  QMdiSubWindow* SubWindow() const;
   void MakePages();
   void AddPage(QWidget* page, const char* caption, const char* tip);
   void TurnPage(int pages);
   void PageTurned();
   void FitPages();
 
-  bool IsActive() const override;
+  bool IsActive() const override { return platform::qt::IsInFront(*this); }
   void SetCaption(std::string_view caption) override;
   void BringToFront() override;
   LeaveAnswer AskToLeave(Level level, bool mayChange) override;

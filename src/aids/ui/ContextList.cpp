@@ -99,18 +99,12 @@ ContextList::ContextList(QWidget* frame) : PopupFrame(frame), CList(new QListVie
   CList->installEventFilter(this);
   connect(CList, &QListView::clicked, this, [this] { parentWidget()->window()->activateWindow(); });
   connect(CList, &QListView::doubleClicked, this, [this] {
-    if (m_owner) m_owner->RowDoubleClicked();
+    if (Owner()) Owner()->RowDoubleClicked();
   });
-}
-
-void ContextList::SetOwnerWin(PopupOwner* owner) {
-  m_owner = owner;
-  Serve(owner ? &TextOf(*owner) : nullptr);
 }
 
 void ContextList::Unload() {
   PutAway();
-  SetOwnerWin(nullptr);
   m_words->Set({}, {});
 }
 

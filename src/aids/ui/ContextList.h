@@ -21,8 +21,8 @@ class ContextList final : public PopupFrame, public ListWindow {
   /// `frame` is the window that the list belongs to and never takes the keyboard from.
   explicit ContextList(QWidget* frame);
 
-  PopupOwner* OwnerWin() const override { return m_owner; }
-  void SetOwnerWin(PopupOwner* owner) override;
+  PopupOwner* OwnerWin() const override { return Owner(); }
+  void SetOwnerWin(PopupOwner* owner) override { Serve(owner); }
   void Unload() override;
 
   void Populate(std::vector<std::string>& Population, const std::vector<std::int32_t>& Images,
@@ -45,7 +45,6 @@ class ContextList final : public PopupFrame, public ListWindow {
  private:
   QListView* CList;
   WordModel* m_words;
-  PopupOwner* m_owner = nullptr;
   ListSize m_size;
 };
 

@@ -37,11 +37,9 @@ PopupFrame::PopupFrame(QWidget* frame)
   setFocusPolicy(Qt::NoFocus);
 }
 
-platform::qt::RichTextBox& PopupFrame::TextOf(PopupOwner& owner) {
-  return dynamic_cast<platform::qt::RichTextBox&>(owner.TextArea());
-}
-
-void PopupFrame::Serve(platform::qt::RichTextBox* text) {
+void PopupFrame::Serve(PopupOwner* owner) {
+  m_owner = owner;
+  auto* text = owner ? &dynamic_cast<platform::qt::RichTextBox&>(owner->TextArea()) : nullptr;
   if (m_text == text) return;
   if (m_text) disconnect(m_text->verticalScrollBar(), nullptr, this, nullptr);
   if (m_text) disconnect(m_text->horizontalScrollBar(), nullptr, this, nullptr);
@@ -64,6 +62,7 @@ void PopupFrame::ShowUnder(std::size_t offset) {
 void PopupFrame::PutAway() {
   m_shown = false;
   hide();
+  Serve(nullptr);
 }
 
 void PopupFrame::SetSuspended(bool suspended) {

@@ -33,23 +33,24 @@ class PopupFrame : public QWidget {
   void Place();
 
  protected:
-  /// The text area of the owner, which must be there.
-  static platform::qt::RichTextBox& TextOf(PopupOwner& owner);
-  /// Takes the owner's text area into use, null for none, and with it the name and size of its font.
-  void Serve(platform::qt::RichTextBox* text);
+  /// Takes the owner's text area into use, and with it the name and size of its font; null for no owner.
+  void Serve(PopupOwner* owner);
+  PopupOwner* Owner() const { return m_owner; }
   void ShowUnder(std::size_t offset);
-  /// Takes the window off the screen until it is shown under another place.
+  /// Takes the window off the screen and forgets its owner.
   void PutAway();
 
   /// Where the window goes with its place at `caret`.
   virtual Box BoxAt(const CaretPoint& caret) const = 0;
   /// The window's size is about to be used: the screen is `available` pixels wide.
   virtual void FitTo(int available) = 0;
+  /// The owner's text area; null while there is no owner, or when it has gone.
   platform::qt::RichTextBox* Text() const { return m_text; }
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  PopupOwner* m_owner = nullptr;
   QPointer<platform::qt::RichTextBox> m_text;
   PopupFrame* m_above = nullptr;  ///< the window that this one keeps clear of
   std::size_t m_offset = 0;

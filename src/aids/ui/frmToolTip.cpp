@@ -29,16 +29,6 @@ frmToolTip::frmToolTip(QWidget* frame) : PopupFrame(frame), tipText(new QLabel(t
   SetColours();
 }
 
-void frmToolTip::SetOwnerWin(PopupOwner* owner) {
-  m_owner = owner;
-  Serve(owner ? &TextOf(*owner) : nullptr);
-}
-
-void frmToolTip::Unload() {
-  PutAway();
-  SetOwnerWin(nullptr);
-}
-
 void frmToolTip::ShowAt(std::size_t start, std::size_t end, const std::string& text) {
   m_start = start;
   m_end = end;

@@ -16,9 +16,9 @@ class frmToolTip final : public PopupFrame, public TipWindow {
   /// `frame` is the window that the tooltip belongs to and never takes the keyboard from.
   explicit frmToolTip(QWidget* frame);
 
-  PopupOwner* OwnerWin() const override { return m_owner; }
-  void SetOwnerWin(PopupOwner* owner) override;
-  void Unload() override;
+  PopupOwner* OwnerWin() const override { return Owner(); }
+  void SetOwnerWin(PopupOwner* owner) override { Serve(owner); }
+  void Unload() override { PutAway(); }
   void ShowAt(std::size_t start, std::size_t end, const std::string& text) override;
 
  protected:
@@ -32,7 +32,6 @@ class frmToolTip final : public PopupFrame, public TipWindow {
 
   QLabel* tipText;
   std::array<QFrame*, 4> m_lines{};  ///< left, top, right, bottom: Line1 to Line4
-  PopupOwner* m_owner = nullptr;
   std::size_t m_start = 0, m_end = 0;
 };
 

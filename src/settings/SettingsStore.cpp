@@ -40,6 +40,8 @@ std::string CodeOf(RegistryResult result) {
   return std::to_string(static_cast<int>(result));
 }
 
+// Single values.
+
 RegistryResult QueryBinary(const Registry& registry, std::string_view key, std::string_view name, std::string& bytes) {
   RegistryValue value;
   const RegistryResult result = registry.QueryValue(key, name, value);
@@ -53,16 +55,35 @@ RegistryResult SetBinary(Registry& registry, std::string_view key, std::string_v
   return registry.SetValue(key, name, {RegistryType::Binary, std::move(bytes)});
 }
 
-/// What a run of steps, each of which may fail, has come to.
-struct Progress {
-  std::string Status;  ///< names the step reached
+/// A string value; "" when it is missing, empty or no string.
+std::string GetStringValue(const Registry& registry, std::string_view key, std::string_view name) {
+  RegistryValue value;
+  const bool isString = Succeeded(registry.QueryValue(key, name, value)) && value.Type == RegistryType::String;
+  return isString ? value.Data : "";
+}
 
-  /// Notes the step; true, so that it can stand in a row of conditions.
-  bool At(std::string status) {
-    Status = std::move(status);
-    return true;
-  }
-};
+RegistryResult SetStringValue(Registry& registry, std::string_view key, std::string_view name, std::string_view text) {
+  return registry.SetValue(key, name, {RegistryType::String, std::string(text)});
+}
+
+/// Reads the font of a key; `font` is unchanged when that fails.
+RegistryResult ReadFont(const Registry& registry, std::string_view key, platform::FontRecord& font) {
+  platform::FontRecord read = font;
+  std::string flags, size;
+  for (const auto& [name, bytes] : {std::pair("Flags", &flags), std::pair("Size", &size)})
+    if (const RegistryResult result = QueryBinary(registry, key, name, *bytes); !Succeeded(result)) return result;
+  read.Name = GetStringValue(registry, key, "Name");
+  if (!UnpackFontFlags(flags, read) || !UnpackFontSize(size, read.Size)) return RegistryResult::InvalidData;
+  font = read;
+  return RegistryResult::Success;
+}
+
+RegistryResult WriteFont(Registry& registry, std::string_view key, const platform::FontRecord& font) {
+  RegistryResult result = SetBinary(registry, key, "Flags", PackFontFlags(font));
+  if (Succeeded(result)) result = SetStringValue(registry, key, "Name", font.Name);
+  if (Succeeded(result)) result = SetBinary(registry, key, "Size", PackFontSize(font.Size));
+  return result;
+}
 
 // Loading.
 
@@ -76,11 +97,11 @@ class Load {
     m_values.Version = GetStringValue(m_registry, MainKey, "");
     return ReadFramePlace() && ReadHelpPlace() && ReadAssociations() && ReadFonts() && ReadHistory() && ReadSettings();
   }
-  const std::string& Status() const { return m_progress.Status; }
+  const std::string& Status() const { return m_status; }
 
  private:
   bool ReadFramePlace() {
-    m_progress.At("Opening WindowPos Key");
+    m_status = "Opening WindowPos Key";
     std::string bytes;
     return Succeeded(QueryBinary(m_registry, MainKey, "WindowPos", bytes)) && UnpackFramePlace(bytes, m_values.Frame);
   }
@@ -94,11 +115,11 @@ class Load {
   }
 
   bool ReadAssociations() {
-    m_progress.At("Reading Associations");
+    m_status = "Reading Associations";
     if (!Succeeded(m_registry.OpenKey(AssociationsKey))) return false;
     const Registry::ValueInfo info = m_registry.QueryValueInfo(AssociationsKey);
-    m_progress.At("Reading Associations Values.  Result: " + CodeOf(info.Result) +
-                  ", Number of Values: " + std::to_string(info.Count));
+    m_status = "Reading Associations Values.  Result: " + CodeOf(info.Result) +
+               ", Number of Values: " + std::to_string(info.Count);
     if (!Succeeded(info.Result)) return false;
     for (std::size_t i = 0; i < info.Count; ++i) {
       std::string extension;
@@ -110,14 +131,14 @@ class Load {
   }
 
   bool ReadFonts() {
-    m_progress.At("Reading Fonts");
+    m_status = "Reading Fonts";
     for (const FontPlace& place : FontPlaces())
       if (!Succeeded(ReadFont(m_registry, place.Key, m_values.*place.Font))) return false;
     return true;
   }
 
   bool ReadHistory() {
-    m_progress.At("Reading History");
+    m_status = "Reading History";
     if (!Succeeded(m_registry.OpenKey(HistoryKey))) return false;
     for (std::size_t i = 0; i < m_history.size(); ++i)
       m_history[i] = GetStringValue(m_registry, HistoryKey, std::to_string(i + 1));
@@ -125,7 +146,7 @@ class Load {
   }
 
   bool ReadSettings() {
-    m_progress.At("Reading Settings");
+    m_status = "Reading Settings";
     std::string bytes;
     if (!Succeeded(QueryBinary(m_registry, SettingsKey, "Flags", bytes)) || !UnpackFlags(bytes, m_values)) return false;
     m_values.DefOpenTemplate = GetStringValue(m_registry, SettingsKey, "DefOpenTemplate");
@@ -136,7 +157,7 @@ class Load {
   const Registry& m_registry;
   Settings& m_values;
   HistoryPaths& m_history;
-  Progress m_progress;
+  std::string m_status;  ///< names the step reached
 };
 
 // Saving.
@@ -149,12 +170,12 @@ class Save {
     return OpenMainKey() && WriteMainValues() && WriteAssociations() && WriteFonts() && WriteHistory() &&
            WriteSettings() && Close();
   }
-  const std::string& Status() const { return m_progress.Status; }
+  const std::string& Status() const { return m_status; }
 
  private:
   bool OpenMainKey() {
     const Registry::Creation created = m_registry.CreateKey(MainKey);
-    m_progress.At("Opening/Creating Quillmark Registry Key.  Result: " + CodeOf(created.Result));
+    m_status = "Opening/Creating Quillmark Registry Key.  Result: " + CodeOf(created.Result);
     if (!Succeeded(created.Result)) return false;
     if (!created.NewlyCreated) return true;
     for (const char* key : {"\\Associations", "\\Fonts", "\\Fonts\\DOS", "\\Fonts\\Fixed", "\\Fonts\\Proportional",
@@ -177,7 +198,7 @@ class Save {
 
   /// The key holds the associations in memory and no others; of two with one extension the last.
   bool WriteAssociations() {
-    m_progress.At("Opening Associations Registry Key");
+    m_status = "Opening Associations Registry Key";
     if (!Open(AssociationsKey)) return false;
     m_registry.DeleteValues(AssociationsKey);
     for (const templates::Template& record : m_values.Associations) {
@@ -190,14 +211,14 @@ class Save {
 
   bool WriteFonts() {
     for (const FontPlace& place : FontPlaces()) {
-      m_progress.At(place.SaveStatus);
+      m_status = place.SaveStatus;
       if (!Open(place.Key) || !Succeeded(WriteFont(m_registry, place.Key, m_values.*place.Font))) return false;
     }
     return true;
   }
 
   bool WriteHistory() {
-    m_progress.At("Opening Opened File History Key");
+    m_status = "Opening Opened File History Key";
     if (!Open(HistoryKey)) return false;
     for (std::size_t i = 0; i < HistoryPaths().size(); ++i) {
       const std::string name = std::to_string(i + 1);
@@ -210,7 +231,7 @@ class Save {
   }
 
   bool WriteSettings() {
-    m_progress.At("Opening Settings Key");
+    m_status = "Opening Settings Key";
     return Open(SettingsKey) && Succeeded(SetBinary(m_registry, SettingsKey, "Flags", PackFlags(m_values))) &&
            Succeeded(SetStringValue(m_registry, SettingsKey, "DefOpenTemplate", m_values.DefOpenTemplate)) &&
            Succeeded(SetStringValue(m_registry, SettingsKey, "DefNewTemplate", m_values.DefNewTemplate.Name));
@@ -218,7 +239,8 @@ class Save {
 
   bool Close() {
     const std::string error = m_registry.Flush();
-    return error.empty() || (m_progress.At("Closing Quillmark Registry Key.  " + error), false);
+    m_status = "Closing Quillmark Registry Key.  " + error;
+    return error.empty();
   }
 
   /// Someone may have removed a key below an existing main key: it is made again.
@@ -226,7 +248,7 @@ class Save {
 
   Registry& m_registry;
   const Settings& m_values;
-  Progress m_progress;
+  std::string m_status;  ///< names the step reached
 };
 
 }  // namespace
@@ -297,36 +319,6 @@ void SettingsStore::TellDamages(const Registry& registry) {
   for (std::size_t i = 0; i < std::min(Shown, damages.size()); ++i) text += '\n' + damages[i];
   if (damages.size() > Shown) text += "\n… and " + std::to_string(damages.size() - Shown) + " more";
   m_prompts.Show({.Text = text, .Icon = platform::PromptIcon::Exclamation});
-}
-
-// Single values.
-
-std::string GetStringValue(const Registry& registry, std::string_view key, std::string_view name) {
-  RegistryValue value;
-  const bool isString = Succeeded(registry.QueryValue(key, name, value)) && value.Type == RegistryType::String;
-  return isString ? value.Data : "";
-}
-
-RegistryResult SetStringValue(Registry& registry, std::string_view key, std::string_view name, std::string_view text) {
-  return registry.SetValue(key, name, {RegistryType::String, std::string(text)});
-}
-
-RegistryResult ReadFont(const Registry& registry, std::string_view key, platform::FontRecord& font) {
-  platform::FontRecord read = font;
-  std::string flags, size;
-  for (const auto& [name, bytes] : {std::pair("Flags", &flags), std::pair("Size", &size)})
-    if (const RegistryResult result = QueryBinary(registry, key, name, *bytes); !Succeeded(result)) return result;
-  read.Name = GetStringValue(registry, key, "Name");
-  if (!UnpackFontFlags(flags, read) || !UnpackFontSize(size, read.Size)) return RegistryResult::InvalidData;
-  font = read;
-  return RegistryResult::Success;
-}
-
-RegistryResult WriteFont(Registry& registry, std::string_view key, const platform::FontRecord& font) {
-  RegistryResult result = SetBinary(registry, key, "Flags", PackFontFlags(font));
-  if (Succeeded(result)) result = SetStringValue(registry, key, "Name", font.Name);
-  if (Succeeded(result)) result = SetBinary(registry, key, "Size", PackFontSize(font.Size));
-  return result;
 }
 
 }  // namespace settings

@@ -4,11 +4,8 @@
 // removed after the first successful save.
 //
 // The store changes the values that it was given and applies nothing. Failures are told with a message that names the
-// step reached; what was read before stays, the rest keeps its value.
-//
-//   SettingsStore store(values, prompts, {.Screen = …, .WriteFileInfo = …, .SaveToolbarLayout = …, .ResetToolbars =
-//   …}); RegistryFile registry(UserRegistryPath()); HistoryPaths paths = store.LoadSettings(registry); … RegistryFile
-//   fresh(UserRegistryPath());  // so that what others wrote meanwhile stays store.SaveSettings(fresh);
+// step reached; what was read before stays, the rest keeps its value. A save takes a registry that has just been read,
+// so that what others wrote meanwhile stays.
 
 #include <functional>
 #include <string>
@@ -47,10 +44,9 @@ class SettingsStore {
   /// The defaults of everything but the recent files and the associations.
   void SetDefaults(bool resetToolbars);
 
+ private:
   /// Reads the legacy store; what it lacks gets its default. Appends to the associations.
   HistoryPaths ImportLegacySettings(const platform::Registry& registry);
-
- private:
   FramePlace DefaultPlace() const;
   void TellDamages(const platform::Registry& registry);
 
@@ -59,16 +55,6 @@ class SettingsStore {
   StoreSteps m_steps;
   bool m_loadFailed = false;  ///< the values are not all of the stored ones
 };
-
-/// A string value; "" when it is missing, empty or no string.
-std::string GetStringValue(const platform::Registry& registry, std::string_view key, std::string_view name);
-platform::RegistryResult SetStringValue(platform::Registry& registry, std::string_view key, std::string_view name,
-                                        std::string_view text);
-
-/// Reads the font of a key; `font` is unchanged when that fails.
-platform::RegistryResult ReadFont(const platform::Registry& registry, std::string_view key, platform::FontRecord& font);
-platform::RegistryResult WriteFont(platform::Registry& registry, std::string_view key,
-                                   const platform::FontRecord& font);
 
 /// Whether an older release's settings are there.
 bool HasLegacySettings(const platform::Registry& registry);

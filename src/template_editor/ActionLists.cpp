@@ -112,12 +112,6 @@ void ActionLists::SetName(std::string name) {
   m_owner.MarkChanged();
 }
 
-bool ActionLists::AcceptsWord() {
-  const std::string reason = WhyNotActionWord(m_name);
-  if (!reason.empty()) m_owner.Refuse(reason);
-  return reason.empty();
-}
-
 void ActionLists::CommitWord() {
   m_wordCommitted = true;
   m_owner.MarkChanged();
@@ -136,7 +130,7 @@ bool ActionLists::SelectWord(std::optional<std::size_t> row) {
 }
 
 bool ActionLists::AddWord() {
-  if (!LeaveAction() || !AcceptsWord()) return false;
+  if (!LeaveAction() || !m_owner.Accepts(WhyNotActionWord(m_name))) return false;
   m_words.Add(MakeWord());
   m_words.Select(m_words.Count() - 1);
   CommitWord();
@@ -144,7 +138,7 @@ bool ActionLists::AddWord() {
 }
 
 bool ActionLists::ChangeWord() {
-  if (!LeaveAction() || !AcceptsWord()) return false;
+  if (!LeaveAction() || !m_owner.Accepts(WhyNotActionWord(m_name))) return false;
   m_words.ReplaceSelected(MakeWord());
   CommitWord();
   return true;
@@ -188,8 +182,7 @@ bool ActionLists::AcceptsDelimeter(std::optional<std::size_t> replaced) {
   for (std::size_t row = 0; row < m_delimeters.Count() && reason.empty(); ++row)
     if (row != replaced && rich_text::LowerCase(m_delimeters.All()[row]->Delimeter) == key)
       reason = "The word has an action for this delimiter already.";
-  if (!reason.empty()) m_owner.Refuse(reason);
-  return reason.empty();
+  return m_owner.Accepts(reason);
 }
 
 void ActionLists::CommitAction() {
@@ -241,21 +234,15 @@ void ActionLists::SelectEntry(std::optional<std::size_t> row) {
   Icon = m_entries.Current()->Icon;
 }
 
-bool ActionLists::AcceptsEntry() {
-  const std::string reason = WhyNotListEntry(EntryText);
-  if (!reason.empty()) m_owner.Refuse(reason);
-  return reason.empty();
-}
-
 void ActionLists::AddEntry() {
-  if (!AcceptsEntry()) return;
-  if (m_entries.Count() == MostNumbered) return m_owner.Refuse("A list has at most 32767 entries.");
+  if (!m_owner.Accepts(WhyNotListEntry(EntryText))) return;
+  if (!m_owner.Accepts(m_entries.Count() == MostNumbered ? "A list has at most 32767 entries." : "")) return;
   m_entries.Add({EntryText, Icon});
   EditAction();
 }
 
 void ActionLists::ChangeEntry() {
-  if (!AcceptsEntry()) return;
+  if (!m_owner.Accepts(WhyNotListEntry(EntryText))) return;
   m_entries.ReplaceSelected({EntryText, Icon});
   EditAction();
 }

@@ -87,9 +87,7 @@ class ActionLists {
   void CommitWord();
   ActionPointer MakeAction() const;
   WordPointer MakeWord() const;
-  bool AcceptsWord();
   bool AcceptsDelimeter(std::optional<std::size_t> replaced);
-  bool AcceptsEntry();
 
   ListOwner& m_owner;
   Rows<WordPointer> m_words;

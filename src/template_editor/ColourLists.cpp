@@ -87,22 +87,16 @@ ColourLists::WordPointer ColourLists::WordFromFields(std::int16_t colourOtherwis
   return word;
 }
 
-bool ColourLists::Accepts(const colWord& word) {
-  const std::string reason = WhyNotColourWord(word);
-  if (!reason.empty()) m_owner.Refuse(reason);
-  return reason.empty();
-}
-
 void ColourLists::AddWord() {
   WordPointer word = WordFromFields(NoColour);
-  if (!Accepts(*word)) return;
+  if (!m_owner.Accepts(WhyNotColourWord(*word))) return;
   m_words.Add(std::move(word));
   m_owner.MarkChanged();
 }
 
 void ColourLists::ChangeWord() {
   WordPointer word = WordFromFields((*m_words.Current())->Colour);
-  if (!Accepts(*word)) return;
+  if (!m_owner.Accepts(WhyNotColourWord(*word))) return;
   m_words.ReplaceSelected(std::move(word));
   m_owner.MarkChanged();
 }

@@ -56,7 +56,6 @@ class ColourLists {
 
  private:
   WordPointer WordFromFields(std::int16_t colourOtherwise) const;
-  bool Accepts(const templates::colWord& word);
 
   ListOwner& m_owner;
   Rows<templates::PaletteColour> m_palette;

@@ -22,8 +22,8 @@ class ListOwner {
 
   /// The template has been edited.
   virtual void MarkChanged() = 0;
-  /// Tells the user why an entry is not taken; `reason` is a sentence.
-  virtual void Refuse(const std::string& reason) = 0;
+  /// Whether an entry is taken, which it is when `reason` is ""; otherwise the user is told the reason, a sentence.
+  virtual bool Accepts(const std::string& reason) = 0;
   /// Asks what is to become of the changes; `mayChange` is whether an entry is selected, without which there is no
   /// answer Change.
   virtual LeaveAnswer AskToLeave(Level level, bool mayChange) = 0;

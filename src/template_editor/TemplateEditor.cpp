@@ -65,8 +65,9 @@ void TemplateEditor::Activated() {
   m_frame.UpdateWindowTabs();
 }
 
-void TemplateEditor::Refuse(const std::string& reason) {
-  m_frame.Prompts().Show({.Text = reason, .Icon = PromptIcon::Exclamation});
+bool TemplateEditor::Accepts(const std::string& reason) {
+  if (!reason.empty()) m_frame.Prompts().Show({.Text = reason, .Icon = PromptIcon::Exclamation});
+  return reason.empty();
 }
 
 // The file.

@@ -106,7 +106,7 @@ class TemplateEditor : private ListOwner {
 
  private:
   void MarkChanged() override;
-  void Refuse(const std::string& reason) override;
+  bool Accepts(const std::string& reason) override;
   LeaveAnswer AskToLeave(Level level, bool mayChange) override { return m_window.AskToLeave(level, mayChange); }
   void RequireDelimeter(const std::string& delimeter) override;
 

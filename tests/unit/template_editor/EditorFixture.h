@@ -21,7 +21,10 @@ class ListUser : public template_editor::ListOwner {
   int Changes = 0;
 
   void MarkChanged() override { ++Changes; }
-  void Refuse(const std::string& reason) override { Refused.push_back(reason); }
+  bool Accepts(const std::string& reason) override {
+    if (!reason.empty()) Refused.push_back(reason);
+    return reason.empty();
+  }
   template_editor::LeaveAnswer AskToLeave(template_editor::Level level, bool mayChange) override {
     Asked.push_back(std::string(level == template_editor::Level::Word ? "word" : "delimeter") +
                     (mayChange ? "" : " without Change"));

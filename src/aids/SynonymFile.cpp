@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <memory>
 
+#include "templates/LineReader.h"
+
 namespace aids {
 namespace {
 
@@ -11,18 +13,6 @@ constexpr std::string_view Warning =
     "BE CAREFUL IF EDITING THIS FILE, the only check made is that the above line is correct.  Everything else (except "
     "this line) is read, and must be in the correct format.  It is recommended to use the synonym editor on the edit "
     "menu instead.";
-
-/// Takes the next line, without its end, off the text.
-std::string_view TakeLine(std::string_view& text) {
-  const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
-  const std::string_view line = text.substr(0, end);
-  text.remove_prefix(end);
-  if (text.substr(0, 2) == "\r\n")
-    text.remove_prefix(2);
-  else if (!text.empty())
-    text.remove_prefix(1);
-  return line;
-}
 
 std::string_view WithoutBlanks(std::string_view text) {
   const std::size_t start = text.find_first_not_of(' ');
@@ -65,18 +55,19 @@ std::string WriteSynonyms(const templates::KeyedCollection<templates::Synonym>& 
 }
 
 std::optional<std::vector<templates::Synonym>> ReadSynonyms(std::string_view text) {
-  if (TakeLine(text) != FirstLine) return std::nullopt;
-  TakeLine(text);
+  templates::LineReader lines(text);
+  if (lines.RawLine() != FirstLine) return std::nullopt;
+  lines.RawLine();
   std::vector<templates::Synonym> records;
   std::optional<std::string_view> word;
-  while (!text.empty()) {
-    std::string_view line = TakeLine(text);
-    if (WithoutBlanks(line).empty()) continue;
+  while (const auto line = lines.RawLine()) {
+    std::string_view rest = *line;
+    if (WithoutBlanks(rest).empty()) continue;
     do {
-      const std::string_view field = TakeField(line);
+      const std::string_view field = TakeField(rest);
       if (word) records.push_back({std::string(*word), std::string(field)});
       word = word ? std::nullopt : std::optional(field);
-    } while (!line.empty());
+    } while (!rest.empty());
   }
   return records;
 }

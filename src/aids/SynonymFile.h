@@ -1,7 +1,8 @@
 #pragma once
 // Synonym files: a first line that names the format, a warning, and one record a line.
 //
-// The reader is hostile to nothing: whatever stands behind the second line gives records or is passed over.
+// Nothing makes the reading fail but a first line of another format: what stands behind the second line gives records
+// or is passed over.
 
 #include <optional>
 #include <string>

@@ -14,7 +14,7 @@ class HelpViewer {
   virtual void ShowContents() = 0;
 
   /// Shows the keywords, with nothing typed in their field.
-  virtual void ShowSearch() = 0;
+  virtual void ShowKeywords() = 0;
 
   /// Shows a page by its file name, perhaps with "#" and a place in it; "" for the start page.
   virtual void ShowPage(std::string_view page) = 0;

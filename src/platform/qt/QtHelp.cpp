@@ -29,7 +29,7 @@ void QtHelp::ShowContents() {
   if (HelpWindow* window = Window()) window->ShowContents();
 }
 
-void QtHelp::ShowSearch() {
+void QtHelp::ShowKeywords() {
   if (HelpWindow* window = Window()) window->ShowKeywords();
 }
 

@@ -23,7 +23,7 @@ class QtHelp final : public HelpViewer {
   ~QtHelp() override;
 
   void ShowContents() override;
-  void ShowSearch() override;
+  void ShowKeywords() override;
   void ShowPage(std::string_view page) override;
 
   /// The window, shown or not; null while there is none.

@@ -8,7 +8,7 @@ namespace shell::ui {
 
 void BackWin::BindHelpCommands() {
   m_commands.Bind("miHContents", [this](const std::string&) { m_help.ShowContents(); });
-  m_commands.Bind("miHSearch", [this](const std::string&) { m_help.ShowSearch(); });
+  m_commands.Bind("miHSearch", [this](const std::string&) { m_help.ShowKeywords(); });
   m_commands.Bind("miHAbout", [this](const std::string&) { AboutBox(m_help, this).exec(); });
 }
 

@@ -16,12 +16,6 @@ using platform::PromptAnswer, platform::PromptButtons, platform::PromptIcon;
 
 constexpr std::string_view TypeName = "Template Definition File", TypeExtension = "def";
 
-/// What concerns documents alone.
-constexpr std::array<std::string_view, 17> ScriptTools = {
-    "miUndo",  "miRedo",   "miFind",          "miReplace",     "miFindNext",     "miSelectAll",
-    "miPaste", "miCopy",   "miCut",           "miWordWrap",    "miEditSynonyms", "miRefresh",
-    "GenPrev", "SaveExec", "fntProportional", "fntFixedWidth", "fntDOS"};
-
 /// A template's name as the name of its file.
 std::string FileNameFor(const std::string& name) {
   std::string file;
@@ -61,7 +55,6 @@ void TemplateEditor::MarkChanged() {
 void TemplateEditor::Activated() {
   m_frame.EnableTool("save", true);
   m_frame.EnableTool("saveas", true);
-  for (const std::string_view tool : ScriptTools) m_frame.EnableTool(tool, false);
   m_frame.UpdateWindowTabs();
 }
 

@@ -43,7 +43,7 @@ class TemplateEditor : private ListOwner {
   bool SaveFile(const std::string& path);
   /// Asks whether to save what has changed; false when the window is to stay.
   bool MayClose();
-  /// For a window that becomes the active one: gives the frame's tools their states.
+  /// For a window that becomes the active one: enables the frame's tools that it uses.
   void Activated();
   /// The whole template as the pages show it; of working copies, only what has been committed.
   templates::EditorTemplate Contents() const;

@@ -261,7 +261,7 @@ void BackWin::FocusChild() {
 
 void BackWin::EnableButtons() {
   if (editor::ui::Mainwin* document = ActiveDocument()) document->EnableButtons();
-  if (auto* other = TemplateEditorIn(m_windows->currentSubWindow())) other->Activated();
+  if (auto* other = TemplateEditorIn(m_windows->currentSubWindow())) TemplateEditorActivated(*other);
 }
 
 void BackWin::DisableDocumentTools() {

@@ -38,6 +38,7 @@ void BackWin::OpenTemplate() {
 
 void BackWin::TemplateEditorActivated(frmTemplate& activated) {
   m_status->SetStyle(platform::StatusStyle::Simple);
+  DisableDocumentTools();
   activated.Activated();
 }
 

@@ -4,24 +4,20 @@
 #include <utility>
 
 #include "rich_text/Encoding.h"
+#include "templates/Values.h"
 
 namespace settings {
 namespace {
 
 using platform::RegistryType;
 using platform::RegistryValue;
+using templates::Trimmed;
 
 constexpr std::string_view FirstLine = "Windows Registry Editor Version 5.00";
 constexpr std::string_view LineEnd = "\r\n";
 constexpr std::size_t LineWidth = 80;      ///< of hexadecimal digits
 constexpr std::size_t LongestPath = 4096;  ///< bytes of a key's path
 constexpr std::string_view HexDigits = "0123456789abcdef";
-
-std::string_view Trim(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(" \t");
-  if (first == std::string_view::npos) return "";
-  return text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
 
 // Strings.
 
@@ -83,9 +79,9 @@ int HexValue(char c) {
 /// The bytes of "01,02,…" or "" ; false when a pair of digits is none.
 bool ParseHex(std::string_view text, std::string& bytes) {
   bytes.clear();
-  text = Trim(text);
+  text = Trimmed(text);
   while (!text.empty()) {
-    const std::string_view pair = Trim(text.substr(0, text.find(',')));
+    const std::string_view pair = Trimmed(text.substr(0, text.find(',')));
     const int value = pair.size() == 2   ? HexValue(pair[0]) * 16 + HexValue(pair[1])
                       : pair.size() == 1 ? HexValue(pair[0])
                                          : -1;
@@ -93,7 +89,7 @@ bool ParseHex(std::string_view text, std::string& bytes) {
     bytes += static_cast<char>(value);
     const std::size_t comma = text.find(',');
     if (comma == std::string_view::npos) break;
-    text = Trim(text.substr(comma + 1));
+    text = Trimmed(text.substr(comma + 1));
   }
   return true;
 }
@@ -122,7 +118,7 @@ std::string ParseContent(std::string_view text, RegistryValue& content) {
   if (text.starts_with('"')) {
     content.Type = RegistryType::String;
     if (!TakeQuoted(text, content.Data)) return "the closing quote is missing";
-    return Trim(text).empty() || Trim(text).starts_with(';') ? "" : "something stands behind the closing quote";
+    return Trimmed(text).empty() || Trimmed(text).starts_with(';') ? "" : "something stands behind the closing quote";
   }
   for (const std::string_view prefix : {"hex:", "hex(1):", "hex(2):"}) {
     if (!text.starts_with(prefix)) continue;
@@ -210,13 +206,13 @@ class RegistryText::Reader {
   }
 
   void ReadFirstLine() {
-    if (!NextLine() || Trim(m_line) == FirstLine) return;
+    if (!NextLine() || Trimmed(m_line) == FirstLine) return;
     Damage(1, "the format's first line is missing");
     if (m_line.starts_with('[')) ReadLine();
   }
 
   void ReadLine() {
-    const std::string_view line = Trim(m_line);
+    const std::string_view line = Trimmed(m_line);
     if (line.empty() || line.starts_with(';'))
       m_comments += std::string(m_line) + std::string(LineEnd);
     else if (line.starts_with('['))
@@ -254,8 +250,8 @@ class RegistryText::Reader {
     std::string name;
     if (line.starts_with('@')) line.remove_prefix(1);
     if (line.starts_with('"') && !TakeQuoted(line, name)) return true;
-    line = Trim(line);
-    return line.starts_with('=') && Trim(line.substr(1)).starts_with('"');
+    line = Trimmed(line);
+    return line.starts_with('=') && Trimmed(line.substr(1)).starts_with('"');
   }
 
   /// The line that was read last, and while it ends with "\" the next ones, unless they begin something new; as they
@@ -263,7 +259,7 @@ class RegistryText::Reader {
   void TakeContinued(std::string& raw, std::string& text) {
     const auto take = [&] {
       raw += std::string(m_line) + std::string(LineEnd);
-      text += Trim(m_line);
+      text += Trimmed(m_line);
     };
     const auto continues = [&] {
       const std::size_t next = m_rest.find_first_not_of(" \t");
@@ -285,9 +281,9 @@ class RegistryText::Reader {
       return "this is neither a key nor a value";
     else if (!TakeQuoted(text, name))
       return "the name's closing quote is missing";
-    text = Trim(text);
+    text = Trimmed(text);
     if (!text.starts_with('=')) return "\"=\" is missing behind the name";
-    return ParseContent(Trim(text.substr(1)), content);
+    return ParseContent(Trimmed(text.substr(1)), content);
   }
 
   RegistryText& m_target;

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <optional>
 
+#include "platform/FileParsing.h"
 #include "platform/Files.h"
 #include "rich_text/Encoding.h"
 #include "templates/LineReader.h"
@@ -56,9 +57,7 @@ bool IsRegularFile(const std::string& path) {
 }  // namespace
 
 std::string DerivedHelpFile(const std::string& templateFile) {
-  const std::size_t separator = templateFile.find_last_of("/\\");
-  const std::string name = separator == std::string::npos ? templateFile : templateFile.substr(separator + 1);
-  return name.substr(0, name.rfind('.')) + ".hdf";
+  return platform::FileTitle(templateFile) + ".hdf";
 }
 
 void ReadHelpDefinitionText(std::string_view text, KeyedCollection<HelpWord>& helpWords) {

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <string>
-#include <string_view>
+#include <vector>
 
 namespace laws {
 
@@ -32,6 +32,13 @@ class Dice {
   template <typename List>
   auto Pick(const List& list) {
     return list[Below(list.size())];
+  }
+
+  /// Up to `longest` of the pieces, one behind the other.
+  std::string Text(const std::vector<std::string>& pieces, std::size_t longest) {
+    std::string text;
+    for (std::size_t left = Below(longest + 1); left > 0; --left) text += Pick(pieces);
+    return text;
   }
 
  private:

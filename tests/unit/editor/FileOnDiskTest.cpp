@@ -137,19 +137,16 @@ TEST_F(FileOnDiskTest, ACopyThatABrokenSaveLeftIsTold) {
 
 TEST(TextDifference, RandomTextsDifferWhereTheRangeSays) {
   laws::Dice dice(11);
-  const std::vector<std::string> pieces = {"a", "b", "\r", "\n", "\r\n", "é", "è", "€", "😀", "😁"};
   for (int count = 0; count < 20'000; ++count) {
-    std::string texts[2];
-    for (std::string& text : texts)
-      for (std::size_t size = dice.Below(7); size > 0; --size) text += pieces[dice.Below(count % 2 ? 5 : 10)];
-    const rich_text::TextDifference d = rich_text::DifferenceOf(texts[0], texts[1]);
-    std::string changed = texts[0];
-    changed.replace(d.Start, d.OldEnd - d.Start, texts[1].substr(d.Start, d.NewEnd - d.Start));
-    ASSERT_EQ(changed, texts[1]);
-    ASSERT_EQ(d.IsEmpty(), texts[0] == texts[1]);
-    ASSERT_FALSE(IsInside(texts[0], d.Start) || IsInside(texts[1], d.Start) || IsInside(texts[0], d.OldEnd) ||
-                 IsInside(texts[1], d.NewEnd))
-        << texts[0] << '|' << texts[1];
+    const std::vector<std::string> pieces = tests::Split(count % 2 ? "a|b|\r|\n|\r\n" : "a|\r|\n|\r\n|é|è|€|😀|😁");
+    const std::string a = dice.Text(pieces, 6), b = dice.Text(pieces, 6);
+    const rich_text::TextDifference d = rich_text::DifferenceOf(a, b);
+    std::string changed = a;
+    changed.replace(d.Start, d.OldEnd - d.Start, b.substr(d.Start, d.NewEnd - d.Start));
+    ASSERT_EQ(changed, b);
+    ASSERT_EQ(d.IsEmpty(), a == b);
+    ASSERT_FALSE(IsInside(a, d.Start) || IsInside(b, d.Start) || IsInside(a, d.OldEnd) || IsInside(b, d.NewEnd))
+        << a << '|' << b;
   }
 }
 

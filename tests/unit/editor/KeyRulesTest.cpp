@@ -233,11 +233,6 @@ TEST(ActionWords, AreFoundAsTheRuleSaysWhateverIsAddedAndRemoved) {
   int found = 0, bySynonym = 0;
   for (std::uint64_t seed = laws::FirstSeed(); seed < laws::FirstSeed() + laws::Runs(300); ++seed) {
     laws::Dice dice(seed);
-    const auto piece = [&](std::size_t longest) {
-      std::string text;
-      for (std::size_t count = dice.Below(longest + 1); count > 0; --count) text += dice.Pick(parts);
-      return text;
-    };
     templates::TemplateFields fields;
     fields.Delimeters = {".", "(", "\xE2\x82\xAC"};
     fields.CaseSensitive = dice.Chance(50);
@@ -245,15 +240,16 @@ TEST(ActionWords, AreFoundAsTheRuleSaysWhateverIsAddedAndRemoved) {
     for (int step = 0; step < 60; ++step) {
       if (dice.Chance(20)) {
         auto word = std::make_shared<templates::Word>();
-        word->Name = piece(4);
+        word->Name = dice.Text(parts, 4);
         word->AddTo(fields.Words);
       }
       if (dice.Chance(20)) {
-        const std::string word = piece(4);
-        fields.Synonyms.AddReplacing(std::make_shared<templates::Synonym>(templates::Synonym{word, piece(3)}), word);
+        const std::string word = dice.Text(parts, 4);
+        fields.Synonyms.AddReplacing(
+            std::make_shared<templates::Synonym>(templates::Synonym{word, dice.Text(parts, 3)}), word);
       }
       if (dice.Chance(3)) fields.Words.Clear();
-      const std::string text = piece(12);
+      const std::string text = dice.Text(parts, 12);
       const auto expected = LiteralFind(fields, text);
       ASSERT_EQ(words.FindActionWord(text), expected) << "QUILLMARK_LAW_SEED=" << seed << " text " << text;
       std::string tail = text.substr(text.size() - std::min(text.size(), words.Reach()));

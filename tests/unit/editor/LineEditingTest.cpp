@@ -157,9 +157,7 @@ class LineEditingTest : public tests::DocumentFixture {
 
   static std::string Piece(laws::Dice& dice, std::size_t longest) {
     static const std::vector<std::string> parts = {"if", " ", "x", "/*", "*/", "//", "\"", "\n", "\n", "\xC3\xA9"};
-    std::string piece;
-    for (std::size_t count = dice.Below(longest) + 1; count > 0; --count) piece += dice.Pick(parts);
-    return piece;
+    return dice.Pick(parts) + dice.Text(parts, longest - 1);
   }
 
   std::string Picture() const { return tests::ColourPicture(m_control); }

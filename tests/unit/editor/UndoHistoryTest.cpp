@@ -35,10 +35,7 @@ class Author {
   std::string Text(std::size_t longest) {
     static const std::vector<std::string> alphabets = {
         "a", "a|b", "\r\n|\n|\r", "\r\n|\n|a|\r", "é|è|€|\u20AD", "😀|😁|x|\r\n", "v|a|r| |=|1|;|\r\n|ä"};
-    const std::vector<std::string> alphabet = tests::Split(m_dice.Pick(alphabets));
-    std::string text;
-    for (std::size_t count = m_dice.Below(longest + 1); count > 0; --count) text += m_dice.Pick(alphabet);
-    return text;
+    return m_dice.Text(tests::Split(m_dice.Pick(alphabets)), longest);
   }
 
   /// Selects something in the control and replaces it.

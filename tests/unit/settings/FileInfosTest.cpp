@@ -2,9 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
 #include <string>
 
+#include "tests/laws/Dice.h"
+#include "tests/support/Characters.h"
 #include "tests/support/ScriptedPrompts.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -65,13 +66,13 @@ TEST(FileInfos, HandWrittenSectionsNeverCostAnotherItsRecord) {
 
 // The plain reader: from each header on, the first "Synonyms=" and the first "Template=" behind it.
 TEST(FileInfos, AnyOrderOfLinesIsReadAsThePlainReaderDoes) {
-  std::mt19937 random(3);
+  laws::Dice dice(3);
   for (int round = 0; round < 2000; ++round) {
     std::vector<std::string> lines;
-    for (std::size_t n = random() % 14; n > 0; --n) {
+    for (std::size_t n = dice.Below(14); n > 0; --n) {
       const std::string number = std::to_string(lines.size());
-      lines.push_back((std::vector<std::string>{"[f" + number + "]", "Synonyms=s" + number, "Template=t" + number, ";",
-                                                ""})[random() % 5]);
+      lines.push_back(
+          dice.Pick(tests::Split("[f" + number + "]|Synonyms=s" + number + "|Template=t" + number + "|;|")));
     }
     lines.insert(lines.end(), {"[end]", "Synonyms=s", "Template=t"});  // so that no section is cut off
     std::string text, expected;

@@ -1,12 +1,12 @@
 #include <gtest/gtest.h>
 
 #include <map>
-#include <random>
 #include <string>
 
-#include "rich_text/Encoding.h"
 #include "settings/RegistryFile.h"
 #include "settings/RegistryText.h"
+#include "tests/laws/Dice.h"
+#include "tests/support/Characters.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/unit/SourceFile.h"
 
@@ -50,11 +50,13 @@ TEST(Registry, ExportedTextIsReadAndComesBackByteForByte) {
 TEST(Registry, NewBinariesAreBrokenAtEightyColumns) {
   RegistryText text;
   text.Create("K").Set("Bytes", {RegistryType::Binary, std::string(50, '\x5A')});
-  std::string row;
-  for (int i = 0; i < 22; ++i) row += "5a,";
-  std::string second;
-  for (int i = 0; i < 25; ++i) second += "5a,";
-  EXPECT_EQ(text.Write(), FirstLine + "[K]\r\n\"Bytes\"=hex:" + row + "\\\r\n  " + second + "\\\r\n  5a,5a,5a\r\n\r\n");
+  const auto bytes = [](int count) {
+    std::string all;
+    while (count-- > 0) all += "5a,";
+    return all;
+  };
+  EXPECT_EQ(text.Write(),
+            FirstLine + "[K]\r\n\"Bytes\"=hex:" + bytes(22) + "\\\r\n  " + bytes(25) + "\\\r\n  5a,5a,5a\r\n\r\n");
 }
 
 TEST(Registry, ADamagedLineIsToldAndTheLinesAroundItCount) {
@@ -80,24 +82,17 @@ TEST(Registry, ADamagedLineIsToldAndTheLinesAroundItCount) {
   }
 }
 
-std::string RandomText(std::mt19937& random, const std::vector<std::string>& pieces) {
-  std::string text;
-  for (std::size_t n = random() % 12; n > 0; --n) text += pieces[random() % pieces.size()];
-  return text;
-}
-
 TEST(Registry, AnyTextAndBytesComeBack) {
-  std::mt19937 random(7);
-  const std::vector<std::string> pieces = {"\\",  "\"", "=", ",", ";", "[", " ", "a", "\xC3\xBC", "\xF0\x9F\x98\x80",
-                                           "hex:"};
+  laws::Dice dice(7);
+  const std::vector<std::string> pieces = tests::Split("\\|\"|=|,|;|[| |a|ü|😀|hex:");
   std::vector<std::string> withLineEnds = pieces;
   withLineEnds.insert(withLineEnds.end(), {"\r\n", "\n", std::string(1, '\0')});
   for (int round = 0; round < 500; ++round) {
     RegistryText written, read;
     std::map<std::string, RegistryValue> expected;
     for (int i = 0; i < 5; ++i) {
-      const std::string name = RandomText(random, pieces);
-      std::string data = RandomText(random, withLineEnds);
+      const std::string name = dice.Text(pieces, 11);
+      std::string data = dice.Text(withLineEnds, 11);
       if (data.ends_with('\0')) data += 'x';
       expected[name] = {i % 2 ? RegistryType::Binary : RegistryType::String, data};
       written.Create("K").Set(name, expected[name]);

@@ -8,21 +8,14 @@ namespace {
 using laws::Dice;
 using templates::colWord, templates::EditorTemplate, templates::Word, templates::WrdAct;
 
-/// A text of up to `longest` pieces.
-std::string Text(Dice& dice, const std::vector<std::string>& pieces, std::size_t longest) {
-  std::string text;
-  for (std::size_t left = dice.Below(longest + 1); left > 0; --left) text += dice.Pick(pieces);
-  return text;
-}
-
 std::string OneWord(Dice& dice) {
-  return Text(dice, {"a", "B", "b", "ü", "Ü", ";", "€", "\xF0\x9F\x8E\x88", "'"}, 4);
+  return dice.Text({"a", "B", "b", "ü", "Ü", ";", "€", "\xF0\x9F\x8E\x88", "'"}, 4);
 }
 std::string OneName(Dice& dice) {
-  return Text(dice, {"a", "B", "ü", " ", ";", "x", ":", "W", "#", "C: "}, 4);
+  return dice.Text({"a", "B", "ü", " ", ";", "x", ":", "W", "#", "C: "}, 4);
 }
 std::string OneLine(Dice& dice) {
-  return Text(dice, {"a", " ", "\"", ";", "ß", ",", "(", "T: 3", "€"}, 6);
+  return dice.Text({"a", " ", "\"", ";", "ß", ",", "(", "T: 3", "€"}, 6);
 }
 
 std::shared_ptr<colWord> RandomColourWord(Dice& dice) {
@@ -101,7 +94,7 @@ EditorTemplate RandomTemplate(Dice& dice) {
   made.HelpFile = "h" + OneLine(dice);
   made.CaseSensitive = dice.Chance(50);
   made.Font = static_cast<std::int16_t>(dice.Between(0, 2));
-  made.InitialText = Text(dice, {"a", " ", "\r\n", "\n", "\r", ";", "\"", "ü", "N: no\r\n"}, 8);
+  made.InitialText = dice.Text({"a", " ", "\r\n", "\n", "\r", ";", "\"", "ü", "N: no\r\n"}, 8);
   for (std::size_t i = dice.Below(5); i > 0; --i)
     made.Palette.push_back({static_cast<rich_text::ColourValue>(dice.Next() & 0xFFFFFF), OneLine(dice)});
   for (std::size_t i = dice.Below(9); i > 0; --i) made.ColourWords.push_back(RandomColourWord(dice));

@@ -6,8 +6,10 @@
 
 #include <filesystem>
 
+#include "templates/EditorReader.h"
 #include "templates/Writer.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/unit/SourceFile.h"
 #include "tests/unit/template_editor/EditorFixture.h"
 #include "tests/unit/templates/SampleTemplates.h"
 
@@ -21,7 +23,7 @@ class TemplateEditorTest : public testing::Test {
  protected:
   void Type(TextField field, std::string_view text) { m_editor.Typed(field, text); }
   std::string WriteFull() {
-    return m_folder.Write("full.def", templates::WriteTemplate(tests::FullTemplate(), "1/2/2024"));
+    return m_folder.Write("full.def", tests::SourceFile("tests/unit/templates/cases/full.def"));
   }
   tests::TemporaryFolder m_folder;
   EditorUser m_user;
@@ -133,13 +135,11 @@ TEST_F(TemplateEditorTest, ButtonsAreEnabledForWhatIsSelected) {
 
 TEST_F(TemplateEditorTest, EnterAddsWhatIsBeingTyped) {
   EXPECT_EQ(m_editor.DefaultButton(), std::nullopt);
-  for (const auto& [field, button] :
-       std::vector<std::pair<TextField, Button>>{{TextField::colWordName, Button::AddColWord},
-                                                 {TextField::ColName, Button::colAdd},
-                                                 {TextField::wlstName, Button::wlstAdd},
-                                                 {TextField::ColHex, Button::colAdd},
-                                                 {TextField::ActWordName, Button::ActAdd},
-                                                 {TextField::DelimBox, Button::DelimAdd}}) {
+  const std::pair<TextField, Button> cases[] = {
+      {TextField::colWordName, Button::AddColWord}, {TextField::ColName, Button::colAdd},
+      {TextField::wlstName, Button::wlstAdd},       {TextField::ColHex, Button::colAdd},
+      {TextField::ActWordName, Button::ActAdd},     {TextField::DelimBox, Button::DelimAdd}};
+  for (const auto& [field, button] : cases) {
     Type(field, "x");
     EXPECT_EQ(m_editor.DefaultButton(), button);
     Type(TextField::Comments, std::string(NameOf(field)));
@@ -212,9 +212,9 @@ TEST_F(TemplateEditorTest, AFileIsOpenedInPlaceOfEverything) {
   EXPECT_FALSE(m_user.Tools.at("save"));
   EXPECT_EQ(m_user.WindowCaption, "full.def (Template)");
   EXPECT_EQ(m_editor.CurFileName(), m_folder.Path("full.def"));
-  templates::EditorTemplate full = tests::FullTemplate();
-  full.Extension = "js;mjs";  // the writer has taken the "."
-  EXPECT_EQ(tests::Describe(m_editor.Contents()), tests::Describe(full));
+  templates::CollectedMessages messages;
+  const auto full = templates::ReadEditorTemplate(m_folder.Path("full.def"), messages);
+  EXPECT_EQ(tests::Describe(m_editor.Contents()), tests::Describe(full.Template));
   EXPECT_EQ(m_editor.TextOf(TextField::ActWordName) + m_editor.TextOf(TextField::wlstName), "");
 }
 

@@ -33,58 +33,21 @@ std::shared_ptr<Word> RandomWord(Dice& dice) {
   word->Name = OneName(dice);
   for (const char* delimeter : {" ", ".", "(", "é", ";"}) {
     if (dice.Chance(67)) continue;
-    std::vector<std::pair<std::string, int>> entries(dice.Below(4));
-    for (auto& [text, icon] : entries) text = "e" + OneLine(dice), icon = dice.Between(-1, 7);
-    MakeAction(static_cast<std::int16_t>(dice.Between(1, 3)), delimeter, OneLine(dice), entries)->AddTo(word->Actions);
+    auto action = std::make_shared<WrdAct>();
+    action->Action = static_cast<std::int16_t>(dice.Between(1, 3));
+    action->Delimeter = delimeter;
+    action->tipText = OneLine(dice);
+    action->SetNumberOfWords(static_cast<std::int16_t>(dice.Below(4)));
+    for (int place = 1; place <= action->NumberOfWords(); ++place) {
+      action->SetWordList(place, "e" + OneLine(dice));
+      action->SetIconList(place, dice.Between(-1, 7));
+    }
+    action->AddTo(word->Actions);
   }
   return word;
 }
 
 }  // namespace
-
-std::shared_ptr<WrdAct> MakeAction(std::int16_t action, std::string delimeter, std::string tip,
-                                   const std::vector<std::pair<std::string, int>>& entries) {
-  auto made = std::make_shared<WrdAct>();
-  made->Action = action;
-  made->Delimeter = std::move(delimeter);
-  made->tipText = std::move(tip);
-  made->SetNumberOfWords(static_cast<std::int16_t>(entries.size()));
-  int place = 0;
-  for (const auto& [text, icon] : entries) {
-    made->SetWordList(++place, text);
-    made->SetIconList(place, icon);
-  }
-  return made;
-}
-
-EditorTemplate FullTemplate() {
-  EditorTemplate full;
-  full.Name = "Java Script";
-  full.Extension = ".js;mjs";
-  full.Delimeters = ",.(ü";
-  full.CaseSensitive = true;
-  full.HelpFile = "help/js.hdf";
-  full.ExecuteCommand = "\"node\" \"%s\"";
-  full.Font = EditorTemplate::MsDosFont;
-  full.Version = "2.1";
-  full.Author = "Ann Ö";
-  full.Date = "today";
-  full.Comments = "none; really";
-  full.InitialText = "// ü\r\nN: x\r\n";
-  full.Palette = {{0x0000FF, "Red"}, {0x00A0B0, ""}};
-  full.ColourWords = {std::make_shared<colWord>(), std::make_shared<colWord>()};
-  colWord& rem = *full.ColourWords[0];
-  rem.StartWord = "rem", rem.EndPoint = colWord::EndOfLine, rem.Colour = 2, rem.IncludeWord = true;
-  colWord& comment = *full.ColourWords[1];
-  comment.StartWord = "/*", comment.EndPoint = colWord::UntilWord, comment.EndWord = "*/", comment.Colour = 1;
-  auto word = std::make_shared<Word>();
-  word->Name = "for each";
-  MakeAction(WrdAct::List, ".", "", {{"get it", 5}, {"x", 1}})->AddTo(word->Actions);
-  MakeAction(WrdAct::Tooltip, "(", "(a, b)", {})->AddTo(word->Actions);
-  full.Words = {word};
-  full.Synonyms = {{"new", "for each"}, {"new", "x"}};
-  return full;
-}
 
 EditorTemplate RandomTemplate(Dice& dice) {
   EditorTemplate made;

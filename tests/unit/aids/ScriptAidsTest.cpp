@@ -19,9 +19,7 @@
 namespace {
 
 using namespace aids;
-using platform::PromptAnswer;
-using platform::PromptButtons;
-using platform::PromptIcon;
+using platform::PromptAnswer, platform::PromptButtons, platform::PromptIcon;
 
 TEST(CommandLines, AreTakenApartAndFilledIn) {
   const struct {
@@ -124,14 +122,11 @@ TEST(SynonymFile, IsWrittenAndReadToTheByte) {
   ReplaceSynonym(synonyms, {"a\"b", "left out"});
   ReplaceSynonym(synonyms, {"two\r\nlines", "left out"});
   ReplaceSynonym(synonyms, {"a,b", "Window"});
-  const std::string warning =
-      "BE CAREFUL IF EDITING THIS FILE, the only check made is that the above line is correct.  Everything else "
-      "(except "
-      "this line) is read, and must be in the correct format.  It is recommended to use the synonym editor on the edit "
-      "menu instead.\r\n";
-  const std::string records = "\"obj\",\"Document\"\r\n\"a,b\",\"Window\"\r\n";
-  EXPECT_EQ(WriteSynonyms(synonyms, ""), "Quillmark Synonym File\r\n" + warning + records);
-  EXPECT_EQ(WriteSynonyms(synonyms, "/x.js"), "Quillmark Synonym File\r\nSaved From /x.js.  " + warning + records);
+  std::string written = tests::SourceFile("tests/unit/aids/cases/saved.syn");
+  EXPECT_EQ(WriteSynonyms(synonyms, "/x.js"), written);
+  const std::string origin = "Saved From /x.js.  ";
+  written.erase(written.find(origin), origin.size());
+  EXPECT_EQ(WriteSynonyms(synonyms, ""), written);
   EXPECT_FALSE(ReadSynonyms("quillmark synonym file\r\n\r\n"));
 
   const auto read = [](const std::string& body) {
@@ -140,7 +135,7 @@ TEST(SynonymFile, IsWrittenAndReadToTheByte) {
     for (const auto& record : *found) all += '[' + record.Word + '=' + record.Synonym + ']';
     return all;
   };
-  EXPECT_EQ(read(records), "[obj=Document][a,b=Window]");
+  EXPECT_EQ(read("\"obj\",\"Document\"\r\n\"a,b\",\"Window\"\r\n"), "[obj=Document][a,b=Window]");
   EXPECT_EQ(read("  a b ,  c\n\n\"d\"\n\"e\"\nlast"), "[a b=c][d=e]");
   EXPECT_EQ(read("\"open,x\n\"y\",z"), "[open,x=y]");
 }

@@ -8,15 +8,11 @@
 #include "tests/support/Characters.h"
 #include "tests/support/ScriptedPrompts.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/unit/SourceFile.h"
 
 namespace {
 
 using namespace settings;
-
-const std::string Head =
-    ";Quillmark File Information file.  Delete only entire sections, please.  File may become corrupt otherwise.\r\n"
-    ";Do not put any spaces around = signs, and make sure each section has a synonyms and a template value.  ; comments"
-    "\r\n";
 
 std::string RecordsOf(const std::string& text) {
   FileInfos records;
@@ -37,10 +33,7 @@ TEST(FileInfos, TheFileIsWrittenToTheByteAndComesBack) {
   records.Put({"/\xC3\xBC", "/t.def", "/s.syn"});
   records.Put({"c:\\X.JS", "C:\\t.def", "s"});
   FileInfoFile(folder.Path(), records, prompts).WriteFileInfo();
-  EXPECT_EQ(folder.Read("FileInfo.ini"), Head +
-                                             "[/a]b=;.js]\r\nSynonyms=\r\nTemplate=*none*\r\n\r\n"
-                                             "[/\xC3\xBC]\r\nSynonyms=/s.syn\r\nTemplate=/t.def\r\n\r\n"
-                                             "[c:\\X.JS]\r\nSynonyms=s\r\nTemplate=C:\\t.def\r\n\r\n");
+  EXPECT_EQ(folder.Read("FileInfo.ini"), tests::SourceFile("tests/unit/settings/cases/FileInfo.ini"));
   FileInfoFile(folder.Path(), again, prompts).ReadFileInfo();
   EXPECT_EQ(WriteFileInfoText(again), folder.Read("FileInfo.ini"));
   EXPECT_EQ(again.Find("C:\\x.JS")->UsesTemplate, "C:\\t.def");
@@ -96,9 +89,7 @@ TEST(FileInfos, AClosingDocumentIsRecordedWhenThereIsAnythingToRemember) {
   RecordClosing(records, {"/a", "", "", true});
   RecordClosing(records, {"/b", "/s.syn", "/t.def", false});
   RecordClosing(records, {"/A", "/z.syn", "*none*", false});
-  EXPECT_EQ(WriteFileInfoText(records), Head +
-                                            "[/b]\r\nSynonyms=/s.syn\r\nTemplate=/t.def\r\n\r\n"
-                                            "[/A]\r\nSynonyms=/z.syn\r\nTemplate=*none*\r\n\r\n");
+  EXPECT_EQ(RecordsOf(WriteFileInfoText(records)), "/b</s.syn</t.def /A</z.syn<*none* ");
 }
 
 TEST(FileInfos, AFileThatCannotBeReadOrWrittenIsToldAndStays) {

@@ -17,7 +17,6 @@ using platform::RegistryResult;
 using platform::RegistryType;
 
 const std::string Main = "Software\\Quillmark";
-const std::string Legacy = "Software\\Quillmark Legacy\\Quillmark\\";
 
 class SettingsStoreTest : public testing::Test {
  protected:
@@ -142,24 +141,7 @@ TEST_F(SettingsStoreTest, TheFirstRunHasTheDefaults) {
 }
 
 TEST_F(SettingsStoreTest, AnOlderReleasesSettingsAreTakenOverAndRemovedByTheFirstSave) {
-  Edit([](auto& registry) {
-    const auto set = [&](const std::string& section, const std::string& name, const std::string& text) {
-      registry.CreateKey(Legacy + section);
-      registry.SetValue(Legacy + section, name, {RegistryType::String, text});
-    };
-    set("WindowPos", "Width", "6000");
-    set("WindowPos", "Left", "oops");
-    set("WindowPos", "WindowState", "0");
-    set("Settings", "DefaultTemplate", "HTML");
-    set("Settings", "AutoIndent", "False");
-    set("Settings", "ReducedColours", "-1");
-    set("Settings", "TabWidth", "3");
-    set("History", "2", "/b");
-    set("DOSFont", "Size", "10,5");
-    set("FixedFont", "StrikeThrough", "True");
-    set("Associations", "Count", "2");
-    set("Associations", "1", "txt;/a;b.def");
-  });
+  Folder.Write("registry.reg", tests::SourceFile("tests/unit/settings/cases/legacy.reg"));
   EXPECT_EQ(Load(), (HistoryPaths{"", "/b", ""}));
   EXPECT_EQ(Values.Frame, (FramePlace{3600, 2025, 6000, 12150, WindowState::Normal}));
   EXPECT_EQ(Values.DefNewTemplate.Name, "HTML");

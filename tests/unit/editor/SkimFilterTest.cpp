@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cctype>
-#include <string>
+#include "tests/laws/Dice.h"
 
 namespace {
 
@@ -25,13 +25,10 @@ SkimFilter FilterOf(bool caseSensitive) {
 
 TEST(SkimFilter, SortsABlockWithAndWithoutVectorsAlike) {
   const SkimFilter filter = FilterOf(true);
-  std::uint64_t random = 1;
+  laws::Dice dice(1);
   for (int round = 0; round < 2000; ++round) {
     std::string text;
-    for (std::size_t i = 0; i < SkimFilter::BlockBytes; ++i) {
-      random = random * 6364136223846793005U + 1442695040888963407U;
-      text += static_cast<char>(round % 8 == 0 ? random >> 56 : random >> 57);
-    }
+    while (text.size() < SkimFilter::BlockBytes) text += static_cast<char>(dice.Below(round % 8 == 0 ? 256 : 128));
     const SkimFilter::Block bytes = filter.SortBytes(text.data()), any = filter.Sort(text.data());
     ASSERT_EQ(bytes.Wide, any.Wide);
     ASSERT_TRUE(bytes == any) << "round " << round;

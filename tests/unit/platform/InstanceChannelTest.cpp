@@ -63,6 +63,12 @@ TEST(InstanceFolder, IsNeverOneThatUsersShare) {
   EXPECT_EQ(FindInstanceFolder({"", ""}), "");
 }
 
+/// Whether something comes, or may go, within so many milliseconds.
+bool IsReady(int descriptor, short events, int milliseconds) {
+  pollfd wait{descriptor, events, 0};
+  return ::poll(&wait, 1, milliseconds) > 0;
+}
+
 /// A first instance that serves in a thread of its own and writes down what it is told.
 class RunningServer {
  public:
@@ -75,10 +81,8 @@ class RunningServer {
             },
             patience),
         m_thread([this] {
-          while (!m_stop) {
-            pollfd wait{m_server.Descriptor(), POLLIN, 0};
-            if (::poll(&wait, 1, 10) > 0) m_server.Serve();
-          }
+          while (!m_stop)
+            if (IsReady(m_server.Descriptor(), POLLIN, 10)) m_server.Serve();
         }) {}
   ~RunningServer() {
     m_stop = true;
@@ -128,7 +132,7 @@ class RawClient {
   /// Sends until everything has gone or the other end does not want more; the bytes that went.
   std::size_t Send(std::string_view bytes) {
     std::size_t sent = 0;
-    while (sent < bytes.size() && Wait(POLLOUT)) {
+    while (sent < bytes.size() && IsReady(m_socket.Get(), POLLOUT, 5000)) {
       const ssize_t part = ::send(m_socket.Get(), bytes.data() + sent, bytes.size() - sent, MSG_NOSIGNAL);
       if (part <= 0) break;
       sent += static_cast<std::size_t>(part);
@@ -139,7 +143,7 @@ class RawClient {
   std::string ReadAll() {
     std::string all;
     char buffer[4096];
-    while (Wait(POLLIN)) {
+    while (IsReady(m_socket.Get(), POLLIN, 5000)) {
       const ssize_t got = ::recv(m_socket.Get(), buffer, sizeof buffer, 0);
       if (got <= 0) return all + "closed";
       all.append(buffer, static_cast<std::size_t>(got));
@@ -148,11 +152,6 @@ class RawClient {
   }
 
  private:
-  bool Wait(short events) const {
-    pollfd wait{m_socket.Get(), events, 0};
-    return ::poll(&wait, 1, 5000) > 0;
-  }
-
   FileDescriptor m_socket;
   bool m_connected = false;
 };
@@ -160,29 +159,18 @@ class RawClient {
 TEST(InstanceChannel, AHostileClientIsCutOff) {
   const tests::TemporaryFolder folder;
   const RunningServer server(folder.Path(), 300ms);
-  const std::string garbage("\xFF\xFE\0garbage\n", 11), endless(1 << 20, 'x');
-  {
+  const auto answer = [&](std::string_view bytes) {
     RawClient client(folder.Path());
-    client.Send(garbage);
-    EXPECT_EQ(client.ReadAll(), "refused\nclosed");
-  }
-  {
-    RawClient client(folder.Path());
-    std::size_t sent = 0, part = 0;
-    for (int i = 0; i < 1024 && (part = client.Send(endless)) > 0; ++i) sent += part;
-    EXPECT_LT(sent, 4u << 20) << "a line of a gigabyte was not cut off";
-  }
-  {
-    RawClient client(folder.Path());
-    std::string flood;
-    for (int i = 0; i < 100'000; ++i) flood += "Nonsense:\n";
-    EXPECT_LT(client.Send(flood), flood.size());
-  }
-  {
-    RawClient half(folder.Path());
-    half.Send("FileOpen:/half");
-    EXPECT_EQ(half.ReadAll(), "closed");  // after the server's patience
-  }
+    client.Send(bytes);
+    return client.ReadAll();
+  };
+  EXPECT_EQ(answer({"\xFF\xFE\0garbage\n", 11}), "refused\nclosed");
+  EXPECT_EQ(answer("FileOpen:/half"), "closed") << "after the server's patience";
+  const std::string endless(64 << 20, 'x');
+  EXPECT_LT(RawClient(folder.Path()).Send(endless), 4u << 20) << "a line of 64 megabytes was not cut off";
+  std::string flood;
+  for (int i = 0; i < 100'000; ++i) flood += "Nonsense:\n";
+  EXPECT_LT(RawClient(folder.Path()).Send(flood), flood.size());
   RawClient(folder.Path()).Send("FileOpen:/half");  // goes without a line end
   std::vector<std::unique_ptr<RawClient>> crowd;
   for (int i = 0; i < 200; ++i) crowd.push_back(std::make_unique<RawClient>(folder.Path()));
@@ -220,10 +208,8 @@ TEST(InstanceChannel, AForeignUserIsTurnedAway) {
   folder.SetMode("socket", 0777);  // as if both folder and socket were open to everybody
   const pid_t process = InAnotherProcess(foreign);
   int status = 0;
-  while (::waitpid(process, &status, WNOHANG) == 0) {
-    pollfd wait{server.Descriptor(), POLLIN, 0};
-    if (::poll(&wait, 1, 10) > 0) server.Serve();
-  }
+  while (::waitpid(process, &status, WNOHANG) == 0)
+    if (IsReady(server.Descriptor(), POLLIN, 10)) server.Serve();
   EXPECT_EQ(WEXITSTATUS(status), 1);
 }
 
@@ -233,10 +219,8 @@ int Start(const std::string& folder, int others) {
   if (channel.Claim(20s) != Role::First) return channel.Send("BringToFront:", 20s) ? 2 : 3;
   InstanceServer server(folder, [&](std::string_view) { return --others >= 0; });
   const auto end = std::chrono::steady_clock::now() + 20s;
-  while (others > 0 && std::chrono::steady_clock::now() < end) {
-    pollfd wait{server.Descriptor(), POLLIN, 0};
-    if (::poll(&wait, 1, 1000) > 0) server.Serve();
-  }
+  while (others > 0 && std::chrono::steady_clock::now() < end)
+    if (IsReady(server.Descriptor(), POLLIN, 1000)) server.Serve();
   return others == 0 ? 1 : 4;
 }
 

@@ -15,23 +15,14 @@ TEST(Shell, FindsProgramsInAbsoluteFoldersOfTheSearchPathAlone) {
   const std::filesystem::path before = std::filesystem::current_path();
   std::filesystem::current_path(folder);  // as if the document lay beside a program
   const std::string there = folder + '/' + name, above = "../" + file.parent_path().filename().string();
-  const struct {
-    std::string Program, SearchPath, Found;
-  } cases[] = {{name, folder, there},
-               {name, "/nowhere::.:" + above + ':' + folder, there},
-               {name, "", ""},
-               {name, ".", ""},
-               {name, ":", ""},
-               {name, above, ""},
-               {self, "", self},
-               {"./" + name, folder, ""},
-               {above + '/' + name, folder, ""},
-               {folder, "", ""},
-               {"", folder, ""},
-               {"..", folder, ""},
-               {"/etc/passwd", "", ""}};
-  for (const auto& c : cases)
-    EXPECT_EQ(platform::FindExecutable(c.Program, c.SearchPath), c.Found) << c.Program << " in " << c.SearchPath;
+  for (const std::string& path : {folder, "/nowhere::.:" + above + ':' + folder})
+    EXPECT_EQ(platform::FindExecutable(name, path), there) << path;
+  for (const std::string& path : {std::string(), std::string("."), std::string(":"), above})
+    EXPECT_EQ(platform::FindExecutable(name, path), "") << path;
+  for (const std::string& program : {"./" + name, above + '/' + name, folder, std::string(), std::string("..")})
+    EXPECT_EQ(platform::FindExecutable(program, folder), "") << program;
+  for (const std::string& path : {self, std::string("/etc/passwd"), folder})
+    EXPECT_EQ(platform::FindExecutable(path, ""), path == self ? self : "") << path;
   std::filesystem::current_path(before);
 }
 

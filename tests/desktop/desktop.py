@@ -141,7 +141,7 @@ class Desktop:
             return next((source for source in shown if source.get_role_name() == "popup menu"), None)
         try:
             go()
-            return Element(wait(menu, "a menu"))
+            return Element(wait(menu, "a menu"), self)
         finally:
             listener.deregister("object:state-changed:showing")
 
@@ -154,10 +154,10 @@ class Desktop:
 
 
 class Element:
-    """Something that the accessibility bus tells of."""
+    """Something that the accessibility bus tells of: a window, or a part of one that is used by its labels."""
 
-    def __init__(self, accessible):
-        self._accessible = accessible
+    def __init__(self, accessible, desktop):
+        self._accessible, self._desktop = accessible, desktop
 
     def __str__(self):
         return f'the {self.role} "{self.name}"'
@@ -209,7 +209,7 @@ class Element:
 
     def children(self):
         found = (self._accessible.get_child_at_index(index) for index in range(self._accessible.get_child_count()))
-        return [Element(child) for child in found if child]
+        return [Element(child, self._desktop) for child in found if child]
 
     def everything(self):
         """What is shown in this, outermost first."""
@@ -226,20 +226,8 @@ class Element:
     def find(self, role, name=None):
         return wait(lambda: self.look_for(role, name), f'a {role} "{name}" in {self}')
 
-
-class Window(Element):
-    """A window of the editor, or a dialog, used by its labels."""
-
-    def __init__(self, accessible, desktop):
-        super().__init__(accessible)
-        self.desktop = desktop
-
-    def part(self, role, name):
-        """A group of fields, a page or the like, used in the same way."""
-        return Window(self.find(role, name)._accessible, self.desktop)
-
     def press(self, button):
-        self.desktop.click(self.find("push button", button))
+        self._desktop.click(self.find("push button", button))
 
     def check(self, box):
         self._tick(self.find("check box", box))
@@ -248,16 +236,16 @@ class Window(Element):
         self._tick(self.find("radio button", option))
 
     def _tick(self, button):
-        self.desktop.click(button)
+        self._desktop.click(button)
         wait(lambda: button.has("CHECKED"), f"a tick at {button}")
 
     def fill(self, label, text):
         """Writes into the field that has the label, in place of what is there."""
         field = self.find("text", label)
-        self.desktop.click(field)
+        self._desktop.click(field)
         wait(lambda: field.has("FOCUSED"), f"the keyboard in {field}")
-        self.desktop.keys("ctrl+a")
-        self.desktop.type(text)
+        self._desktop.keys("ctrl+a")
+        self._desktop.type(text)
         wait_equal(lambda: field.text, text, f"the text of {field}")
 
     def wait_closed(self, what):
@@ -286,7 +274,7 @@ class Editor:
             if program and program.get_process_id() == self.process.pid:
                 program.set_cache_mask(Atspi.Cache.NONE)
                 found = (program.get_child_at_index(window) for window in range(program.get_child_count()))
-                return [Window(window, self.desktop) for window in found if window]
+                return [Element(window, self.desktop) for window in found if window]
         return []
 
     def look_for_window(self, role, name=""):
@@ -331,6 +319,18 @@ class Editor:
                     and (not saying or any(saying in found.name for found in window.everything())))
         what = f'the dialog "{title}"' + (f' that says "{saying}"' if saying else "")
         return wait(lambda: next((window for window in self.windows() if is_meant(window)), None), what)
+
+    def choose_file(self, title, path):
+        """Writes the path into the file chooser of that title, and ends it."""
+        self.dialog(title).fill("File name:", str(path))
+        self.desktop.keys("Return")
+
+    def help(self):
+        """The window of the help, once it is in front."""
+        def in_front():
+            window = self.look_for_window("frame", "Quillmark – Quillmark Help")
+            return window if window and window.has("ACTIVE") else None
+        return wait(in_front, "the help in front")
 
     def choose(self, *entries):
         """Clicks through the menus, from the menu bar on."""

@@ -53,9 +53,7 @@ class Files(desktop.Path):
             self.desktop.type("# mine")
             editor.wait_text(first + "# mine")
             self.desktop.keys("ctrl+s")
-            save = editor.dialog("Save Script")
-            save.fill("File name:", str(self.home / "fresh"))
-            self.desktop.keys("Return")
+            editor.choose_file("Save Script", self.home / "fresh")
             editor.wait_title("fresh.py")
             self.wait_file(self.home / "fresh.py", first + "# mine")
 
@@ -94,9 +92,7 @@ class Files(desktop.Path):
         path = self.file("notes.unheard", "// note\n")
         with self.step("an unknown extension asks for the template"):
             editor = self.start(path)
-            chooser = editor.dialog("Select Template")
-            chooser.fill("File name:", "JavaScript.def")
-            self.desktop.keys("Return")
+            editor.choose_file("Select Template", "JavaScript.def")
             editor.dialog("Quillmark", saying="Would you like to use this template for all .unheard files?").press("No")
             editor.wait_ready("notes.unheard")
             editor.wait_status("Using 'JavaScript' Template")

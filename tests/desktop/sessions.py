@@ -20,13 +20,6 @@ class Sessions(desktop.Path):
             editor.wait_title("one.js")
             editor.wait_text("var one;\n")
 
-    @staticmethod
-    def help(editor):
-        def in_front():
-            window = editor.look_for_window("frame", "Quillmark – Quillmark Help")
-            return window if window and window.has("ACTIVE") else None
-        return desktop.wait(in_front, "the help in front")
-
     def test_preferences_are_kept(self):
         path = self.file("one.js", "// note\n")
         with self.step("change options and place"):
@@ -40,11 +33,11 @@ class Sessions(desktop.Path):
             editor.place(100, 80, 700, 500)
         with self.step("move the help"):
             editor.choose("Help", "Contents")
-            self.help(editor)
+            editor.help()
             window = self.desktop.ask("xdotool", "getactivewindow").strip()
             self.desktop.ask("xdotool", "windowsize", window, "640", "400", "windowmove", window, "60", "90")
-            desktop.wait_equal(lambda: self.help(editor).extents()[2:], (640, 400), "the size of the help")
-            place = self.help(editor).extents()
+            desktop.wait_equal(lambda: editor.help().extents()[2:], (640, 400), "the size of the help")
+            place = editor.help().extents()
             self.desktop.keys("Escape")
         with self.step("end"):
             editor.wait_keyboard()
@@ -61,7 +54,7 @@ class Sessions(desktop.Path):
             self.desktop.keys("Escape")
             editor.wait_keyboard()
             editor.choose("Help", "Contents")
-            desktop.wait_equal(lambda: self.help(editor).extents(), place, "the place of the help")
+            desktop.wait_equal(lambda: editor.help().extents(), place, "the place of the help")
 
     def test_unsaved_text_survives_a_kill(self):
         with self.step("type and be killed"):

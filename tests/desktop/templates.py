@@ -32,8 +32,7 @@ class Templates(desktop.Path):
             editor.wait_text(TEMPLATE.replace("\n", "\r\n"))  # the line ends of a new text without a template
         with self.step("save it among the templates"):
             self.desktop.keys("ctrl+shift+s")
-            editor.dialog("Save Script").fill("File name:", str(kept))
-            self.desktop.keys("Return")
+            editor.choose_file("Save Script", kept)
             editor.wait_title("Recipes.def")
             desktop.wait(kept.exists, "the template on the disk")
             self.desktop.keys("ctrl+q")
@@ -67,11 +66,11 @@ class Templates(desktop.Path):
             form.fill("Default Extension", "rule")
         with self.step("a colour and a word in it"):
             self.desktop.click(form.find("page tab", "Colour Words"))
-            palette = form.part("panel", "Colour Palette")
+            palette = form.find("panel", "Colour Palette")
             palette.fill("Name", "Red")
             palette.fill("Colour", "#0000FF")
             palette.press("Add colour")
-            words = form.part("panel", "Colour Words")
+            words = form.find("panel", "Colour Words")
             self.desktop.click(palette.find("list item", "Red"))
             words.fill("Word", "never")
             words.check("Includes itself")
@@ -79,15 +78,15 @@ class Templates(desktop.Path):
             words.find("list item", "never")
         with self.step("an action word with a list"):
             self.desktop.click(form.find("page tab", "Action Words"))
-            form.part("panel", "Action Words").fill("Word", "do")
-            form.part("panel", "Word Delimeters").fill("Delimiter", ".")
+            form.find("panel", "Action Words").fill("Word", "do")
+            form.find("panel", "Word Delimeters").fill("Delimiter", ".")
             form.choose("Show Word List")
-            entries = form.part("panel", "Word List")
+            entries = form.find("panel", "Word List")
             entries.fill("Word", "nothing")
             entries.press("Add list entry")
-            form.part("panel", "Word Delimeters").press("Add delimiter")
-            form.part("panel", "Action Words").press("Add action word")
-            form.part("panel", "Action Words").find("list item", "do")
+            form.find("panel", "Word Delimeters").press("Add delimiter")
+            form.find("panel", "Action Words").press("Add action word")
+            form.find("panel", "Action Words").find("list item", "do")
         with self.step("an initial text"):
             self.desktop.click(form.find("page tab", "Initial Text"))
             text = form.find("text", "Initial text")
@@ -96,8 +95,7 @@ class Templates(desktop.Path):
             self.desktop.type("never again\n")
         with self.step("save"):
             self.desktop.keys("ctrl+s")
-            editor.dialog("Save Template").fill("File name:", str(kept))
-            self.desktop.keys("Return")
+            editor.choose_file("Save Template", kept)
             editor.wait_title("Rules.def (Template)")
             desktop.wait(kept.exists, "the template on the disk")
         with self.step("use it at once"):

@@ -340,9 +340,8 @@ class Tools(desktop.Path):
 
     def helps(self, tab, part):
         yield
-        window = desktop.wait(lambda: self.editor.look_for_window("frame", "Quillmark – Quillmark Help"), "the help")
+        window = self.editor.help()
         desktop.wait(lambda: window.look_for("page tab list", tab) and window.find(*part).has("FOCUSED"), tab)
-        desktop.wait(lambda: window.has("ACTIVE"), "the help in front")
         self.desktop.keys("Escape")
         window.wait_closed("the help")
 

@@ -121,14 +121,8 @@ class ScriptedPrompts : public platform::Prompts {
   }
   /// What closing a box without a button answers.
   static platform::PromptAnswer Closed(platform::PromptButtons buttons) {
-    switch (buttons) {
-      case platform::PromptButtons::Ok:
-        return platform::PromptAnswer::Ok;
-      case platform::PromptButtons::YesNo:
-        return platform::PromptAnswer::No;
-      default:
-        return platform::PromptAnswer::Cancel;
-    }
+    if (buttons == platform::PromptButtons::Ok) return platform::PromptAnswer::Ok;
+    return buttons == platform::PromptButtons::YesNo ? platform::PromptAnswer::No : platform::PromptAnswer::Cancel;
   }
 
   std::deque<Step> m_steps;

@@ -44,9 +44,7 @@ class TemporaryFolder {
   }
   void SetMode(const std::string& name, mode_t mode) const { EXPECT_EQ(::chmod(Path(name).c_str(), mode), 0); }
   mode_t Mode(const std::string& name) const {
-    struct stat status {};
-    EXPECT_EQ(::stat(Path(name).c_str(), &status), 0);
-    return status.st_mode & 07777;
+    return static_cast<mode_t>(std::filesystem::status(Path(name)).permissions()) & 07777;
   }
   std::size_t EntryCount() const {
     using Entries = std::filesystem::directory_iterator;

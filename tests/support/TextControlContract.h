@@ -283,27 +283,24 @@ class ControlComparison {
     const std::size_t offset = m_dice.Pick(CuttingOffsets(text)), other = m_dice.Pick(CuttingOffsets(text));
     const std::size_t first = 1 + m_dice.Below(m_trusted.LineCount()), last = first + m_dice.Below(3);
     const std::string piece = Piece(6);
-    switch (m_dice.Below(10)) {
+    switch (m_dice.Below(9)) {
       case 0:
-        Both([&](platform::TextControl& c) { c.SetColours(colours, {}); });
-        return "no colours";
-      case 1:
         if (m_dice.Chance(70)) return "nothing";
         Both([&](platform::TextControl& c) { c.SetText(piece); });
         return "SetText";
-      case 2:
-      case 3: {
+      case 1:
+      case 2: {
         const std::vector<rich_text::ColourRun> runs = Runs(text);
         Both([&](platform::TextControl& c) { c.SetColours(colours, runs); });
         return "SetColours";
       }
-      case 4: {
+      case 3: {
         const std::string other_ = m_dice.Chance(50) ? text : piece + text;
         const std::string rtf = rich_text::WriteRtf({other_, colours, Runs(other_)}, "Courier New");
         Both([&](platform::TextControl& c) { c.SetTextRTF(rtf); });
         return "SetTextRTF";
       }
-      case 5: {
+      case 4: {
         const std::size_t start = m_trusted.LineStart(first);
         const std::string lines = text.substr(start, rich_text::FindLineEnd(text, m_trusted.LineStart(last)) - start);
         const std::string rtf = rich_text::WriteRtf({lines, colours, Runs(lines)}, "Courier New");

@@ -22,31 +22,23 @@ import time
 
 MOST_LOST = 2.0  # seconds
 LARGE = 100 * 1000 * 1000
-
-
-def text_of(kind: str) -> bytes:
-    lines = "".join(f"var line{number} = 'text {number}'; // note{{end}}" for number in range(40))
-    if kind == "latin1":
-        return lines.replace("{end}", "\n").replace("text", "t\xe9xt").encode("latin-1")
-    return lines.replace("{end}", "\n" if kind == "lf" else "\r\n").encode()
+LINES = "".join(f"var line{number} = 'text {number}'; // note\n" for number in range(40))
+TEXTS = {"crlf": LINES.replace("\n", "\r\n").encode(), "latin1": LINES.replace("text", "t\xe9xt").encode("latin-1"),
+         "lf": LINES.encode()}
 
 
 def large_file(folder: pathlib.Path) -> pathlib.Path:
     path = folder / "large.txt"
     block = b"".join(b"a line of a large file, number %09d\r\n" % number for number in range(25000))
-    with open(path, "wb") as file:
-        while file.tell() < LARGE:
-            file.write(block)
+    path.write_bytes(block * (LARGE // len(block) + 1))
     return path
 
 
 def document(kind: str, folder: pathlib.Path, large: pathlib.Path | None) -> str:
-    if kind == "untitled":
-        return "-"
-    if kind == "large":
-        return str(large)
+    if kind not in TEXTS:
+        return "-" if kind == "untitled" else str(large)
     path = folder / f"{kind}.js"
-    path.write_bytes(text_of(kind))
+    path.write_bytes(TEXTS[kind])
     return str(path)
 
 
@@ -102,7 +94,7 @@ def lost(driver: str, state: pathlib.Path, path: str, log: list[list[str]], kill
 
 
 def torture(driver: str, kills: int, larges: int) -> int:
-    kinds = ["untitled", "crlf", "latin1", "lf"]
+    kinds = ["untitled", *TEXTS]
     seed = int.from_bytes(os.urandom(3), "little")
     print(f"seed {seed}")
     failures, losses, keys = 0, [], 0

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "tests/laws/Dice.h"
-#include "tests/support/Characters.h"
 
 namespace {
 

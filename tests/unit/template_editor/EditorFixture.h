@@ -13,14 +13,13 @@
 
 namespace tests {
 
-/// The owner of lists alone: counts changes, keeps refusals, and answers questions from a queue.
+/// The owner of lists alone: keeps refusals, and answers questions from a queue.
 class ListUser : public template_editor::ListOwner {
  public:
   std::deque<template_editor::LeaveAnswer> Answers;
-  std::vector<std::string> Asked, Refused, Required;
-  int Changes = 0;
+  std::vector<std::string> Asked, Refused;
 
-  void MarkChanged() override { ++Changes; }
+  void MarkChanged() override {}
   bool Accepts(const std::string& reason) override {
     if (!reason.empty()) Refused.push_back(reason);
     return reason.empty();
@@ -36,7 +35,7 @@ class ListUser : public template_editor::ListOwner {
     Answers.pop_front();
     return answer;
   }
-  void RequireDelimeter(const std::string& delimeter) override { Required.push_back(delimeter); }
+  void RequireDelimeter(const std::string&) override {}
 };
 
 /// Plays so many steps of a law with each seed, up to the first that fails.
@@ -58,7 +57,6 @@ class EditorUser : public template_editor::EditorFrame, public template_editor::
   MemoryTextControl InitialText;
   std::map<std::string, bool, std::less<>> Tools;
   std::string WindowCaption, Folder = "/templates";
-  rich_text::ColourValue InitialColour = 0, ChosenColour = 0;
   std::string Suggested;
   ListUser Leaving;
   int Tabs = 0, Populated = 0;
@@ -74,10 +72,7 @@ class EditorUser : public template_editor::EditorFrame, public template_editor::
     Suggested = suggested;
     return User.AskSaveFile({std::string(title), {{std::string(extName), {std::string(ext)}}}, "", suggested});
   }
-  rich_text::ColourValue GetColour(rich_text::ColourValue initial) override {
-    InitialColour = initial;
-    return ChosenColour;
-  }
+  rich_text::ColourValue GetColour(rich_text::ColourValue initial) override { return initial; }
   std::string TemplateFolder() const override { return Folder; }
   std::string Today() const override { return "1/2/2024"; }
   void PopulateTemplates() override { ++Populated; }

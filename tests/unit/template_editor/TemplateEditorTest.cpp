@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
 #include "templates/EditorReader.h"
 #include "templates/Writer.h"
 #include "tests/support/TemporaryFolder.h"

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/FailureCode.h"
-#include "tests/unit/templates/SampleTemplates.h"
 
 namespace {
 

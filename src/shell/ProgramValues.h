@@ -20,7 +20,8 @@ struct ProgramValues {
   std::vector<templates::Template> ExtraTemplates;  ///< chosen by the user outside the program folder
   settings::FileInfos FileInfos;
   shell::History History;
-  bool UseSubclassing = true;  ///< pop-ups follow the application's activation
+  bool UseSubclassing = true;    ///< pop-ups follow the application's activation
+  bool DialogCancelled = false;  ///< the options or font dialog shown last was cancelled
 };
 
 }  // namespace shell

@@ -26,8 +26,8 @@ constexpr std::array<GroupNames, FontSetModel::Groups> Names = {
 
 }  // namespace
 
-frmFontSet::frmFontSet(FontSetModel model, platform::Prompts& prompts, QWidget* parent)
-    : QDialog(parent), m_model(std::move(model)), m_prompts(prompts) {
+frmFontSet::frmFontSet(FontSetModel model, platform::Prompts& prompts, bool& dialogCancelled, QWidget* parent)
+    : QDialog(parent), m_model(std::move(model)), m_prompts(prompts), m_dialogCancelled(dialogCancelled) {
   setObjectName(QStringLiteral("frmFontSet"));
   setWindowTitle(QStringLiteral("Set Quillmark Fonts"));
   auto* defaults = new QButtonGroup(this);  // the options stand in different frames, and one is selected
@@ -119,6 +119,11 @@ void frmFontSet::accept() {
   m_model.Override = m_chkOverride->isChecked();
   m_model.Accept();
   QDialog::accept();
+}
+
+void frmFontSet::reject() {
+  m_dialogCancelled = true;
+  QDialog::reject();
 }
 
 }  // namespace settings::ui

@@ -1,9 +1,10 @@
 #pragma once
 // The font dialog: three groups, each with the option that makes its font the default, a button that chooses the font,
-// and a sample of it. To show it:
+// and a sample of it. `DialogCancelled` becomes true when it is left by any other way than OK. To show it:
 //
-//   if (frmFontSet(FontSetModel(settings), prompts, this).exec() == QDialog::Accepted)
-//     … UpdateFont of every document …
+//   DialogCancelled = false;
+//   frmFontSet(FontSetModel(settings), prompts, DialogCancelled, this).exec();
+//   if (!DialogCancelled) … UpdateFont of every document …
 
 #include <QDialog>
 #include <array>
@@ -22,10 +23,11 @@ class frmFontSet : public QDialog {
   Q_OBJECT
 
  public:
-  /// The prompts must outlive the dialog.
-  frmFontSet(FontSetModel model, platform::Prompts& prompts, QWidget* parent = nullptr);
+  /// Prompts and `dialogCancelled` must outlive the dialog.
+  frmFontSet(FontSetModel model, platform::Prompts& prompts, bool& dialogCancelled, QWidget* parent = nullptr);
 
   void accept() override;
+  void reject() override;
 
  private:
   QGroupBox* Group(std::size_t group);
@@ -34,6 +36,7 @@ class frmFontSet : public QDialog {
 
   FontSetModel m_model;
   platform::Prompts& m_prompts;
+  bool& m_dialogCancelled;
   std::array<QRadioButton*, FontSetModel::Groups> m_options{};
   std::array<QTextEdit*, FontSetModel::Groups> m_samples{};
   QCheckBox* m_chkOverride = nullptr;

@@ -31,8 +31,12 @@ QGroupBox* Frame(const char* name, const char* caption, QWidget* parent) {
 
 }  // namespace
 
-frmOptions::frmOptions(OptionsModel model, std::string programFolder, QWidget* parent)
-    : QDialog(parent), m_model(model), m_programFolder(std::move(programFolder)), m_highlight(new QButtonGroup(this)) {
+frmOptions::frmOptions(OptionsModel model, std::string programFolder, bool& dialogCancelled, QWidget* parent)
+    : QDialog(parent),
+      m_model(model),
+      m_programFolder(std::move(programFolder)),
+      m_dialogCancelled(dialogCancelled),
+      m_highlight(new QButtonGroup(this)) {
   setObjectName(QStringLiteral("frmOptions"));
   setWindowTitle(QStringLiteral("Quillmark Options"));
   auto* layout = new QVBoxLayout(this);
@@ -179,6 +183,11 @@ void frmOptions::Browse() {
 
 void frmOptions::accept() {
   if (m_model.Accept(Chosen())) QDialog::accept();
+}
+
+void frmOptions::reject() {
+  m_dialogCancelled = true;
+  QDialog::reject();
 }
 
 }  // namespace settings::ui

@@ -1,8 +1,10 @@
 #pragma once
-// The options dialog. It shows what OptionsModel gives and hands back what the user chose. To show it:
+// The options dialog. It shows what OptionsModel gives and hands back what the user chose; `DialogCancelled` becomes
+// true when it is left by any other way than OK. To show it:
 //
-//   if (frmOptions({settings, templateList, extraTemplates, prompts}, programFolder, this).exec() == QDialog::Accepted)
-//     … colour every document again …
+//   DialogCancelled = false;
+//   frmOptions({settings, templateList, extraTemplates, prompts}, programFolder, DialogCancelled, this).exec();
+//   if (!DialogCancelled) … colour every document again …
 
 #include <QDialog>
 #include <string>
@@ -22,9 +24,11 @@ class frmOptions : public QDialog {
   Q_OBJECT
 
  public:
-  frmOptions(OptionsModel model, std::string programFolder, QWidget* parent = nullptr);
+  /// `dialogCancelled` must outlive the dialog.
+  frmOptions(OptionsModel model, std::string programFolder, bool& dialogCancelled, QWidget* parent = nullptr);
 
   void accept() override;
+  void reject() override;
 
  private:
   QGroupBox* UnknownFrame();
@@ -37,6 +41,7 @@ class frmOptions : public QDialog {
 
   OptionsModel m_model;
   std::string m_programFolder;
+  bool& m_dialogCancelled;
   QRadioButton *m_optAsk = nullptr, *m_optUse = nullptr;
   QComboBox* m_cmbDefTemp = nullptr;
   bool m_entrySelected = false;  ///< the combo's text is that of its current entry

@@ -30,19 +30,21 @@ void BackWin::BindAidCommands() {
 }
 
 void BackWin::BindSettingsCommands() {
-  using Document = editor::ui::Mainwin;
-  using namespace settings::ui;
   m_commands.Bind("fntSet", [this](const std::string&) {
-    if (frmFontSet(settings::FontSetModel(m_values.Settings), m_prompts, this).exec() == QDialog::Accepted)
-      EveryDocument([](Document& document) { document.UpdateFont(); });
+    m_values.DialogCancelled = false;
+    settings::ui::frmFontSet(settings::FontSetModel(m_values.Settings), m_prompts, m_values.DialogCancelled, this)
+        .exec();
+    if (!m_values.DialogCancelled) EveryDocument([](editor::ui::Mainwin& document) { document.UpdateFont(); });
   });
   m_commands.Bind("Options", [this](const std::string&) {
-    const settings::OptionsModel model(m_values.Settings, m_values.TemplateList, m_values.ExtraTemplates, m_prompts);
-    if (frmOptions(model, m_values.ProgramFolder, this).exec() == QDialog::Accepted)
-      EveryDocument([](Document& document) { document.ColourScan(); });
+    m_values.DialogCancelled = false;
+    settings::ui::frmOptions({m_values.Settings, m_values.TemplateList, m_values.ExtraTemplates, m_prompts},
+                             m_values.ProgramFolder, m_values.DialogCancelled, this)
+        .exec();
+    if (!m_values.DialogCancelled) EveryDocument([](editor::ui::Mainwin& document) { document.ColourScan(); });
   });
   m_commands.Bind("Associations", [this](const std::string&) {
-    frmAssociations(settings::AssociationsModel(m_values.Settings.Associations), this).exec();
+    settings::ui::frmAssociations(settings::AssociationsModel(m_values.Settings.Associations), this).exec();
   });
 }
 

@@ -10,7 +10,7 @@
 namespace aids {
 namespace {
 
-using platform::TwipsPerPixel;
+using platform::TwipsX, platform::TwipsY;
 
 constexpr float GreatestHeight = 2250;  // twips
 constexpr int IconSize = 16;
@@ -84,12 +84,12 @@ int PageUpRow(int selected, int rows, float listHeight, float rowHeight) {
 ListSize SizeOfList(int number, const ListMetrics& metrics) {
   ListSize size;
   size.RowHeight = std::max(metrics.tmHeight + 4, IconSize);
-  size.Height = TwipsPerPixel * (static_cast<float>(number) * static_cast<float>(size.RowHeight) +
-                                 static_cast<float>(metrics.DialogFrame));
+  size.Height = TwipsY * (static_cast<float>(number) * static_cast<float>(size.RowHeight) +
+                          static_cast<float>(metrics.DialogFrame));
   size.Scrolls = size.Height > GreatestHeight;
   if (size.Scrolls) size.Height = GreatestHeight;
   const int room = RoomBesideText + metrics.DialogFrame + (size.Scrolls ? metrics.ScrollBarWidth : 0);
-  size.Width = TwipsPerPixel * static_cast<float>(room) + metrics.maxW;
+  size.Width = TwipsX * static_cast<float>(room) + metrics.maxW;
   return size;
 }
 

@@ -3,7 +3,7 @@
 
 namespace platform {
 
-/// Pixels are device-independent.
-inline constexpr float TwipsPerPixel = 15;
+/// Twips in a device-independent pixel, across and down; as many, so that a length alone can be converted.
+inline constexpr float TwipsX = 15, TwipsY = 15;
 
 }  // namespace platform

@@ -14,7 +14,7 @@
 namespace aids::ui {
 namespace {
 
-using platform::TwipsPerPixel;
+using platform::TwipsX;
 
 constexpr int DialogFrame = 4;  ///< one pixel of line, three of room before the icon
 constexpr int Inset = 2;        ///< of the rows: line and room around them
@@ -117,7 +117,7 @@ void ContextList::Populate(std::vector<std::string>& Population, const std::vect
   list.tmHeight = QFontMetrics(font()).height();
   list.DialogFrame = DialogFrame;
   list.ScrollBarWidth = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, CList->verticalScrollBar());
-  list.maxW = TwipsPerPixel * static_cast<float>(std::ceil(WidestText(metrics, Population)));
+  list.maxW = TwipsX * static_cast<float>(std::ceil(WidestText(metrics, Population)));
   m_size = SizeOfList(static_cast<int>(number), list);
   static_cast<RowDelegate*>(CList->itemDelegate())->Height = m_size.RowHeight;
   CList->setVerticalScrollBarPolicy(m_size.Scrolls ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
@@ -154,7 +154,7 @@ Box ContextList::BoxAt(const CaretPoint& caret) const {
 }
 
 void ContextList::FitTo(int available) {
-  m_size.Width = std::min(m_size.Width, TwipsPerPixel * static_cast<float>(available));
+  m_size.Width = std::min(m_size.Width, TwipsX * static_cast<float>(available));
 }
 
 void ContextList::resizeEvent(QResizeEvent*) {

@@ -12,16 +12,15 @@
 namespace aids::ui {
 namespace {
 
-using platform::TwipsPerPixel;
+using platform::TwipsX, platform::TwipsY;
 
 int Pixels(float twips) {
-  return static_cast<int>(std::lround(twips / TwipsPerPixel));
+  return static_cast<int>(std::lround(twips / TwipsX));
 }
 
 Box InTwips(const QRect& rectangle) {
-  return {TwipsPerPixel * static_cast<float>(rectangle.x()), TwipsPerPixel * static_cast<float>(rectangle.y()),
-          TwipsPerPixel * static_cast<float>(rectangle.width()),
-          TwipsPerPixel * static_cast<float>(rectangle.height())};
+  return {TwipsX * static_cast<float>(rectangle.x()), TwipsY * static_cast<float>(rectangle.y()),
+          TwipsX * static_cast<float>(rectangle.width()), TwipsY * static_cast<float>(rectangle.height())};
 }
 
 }  // namespace

@@ -8,7 +8,7 @@
 namespace aids::ui {
 namespace {
 
-using platform::TwipsPerPixel;
+using platform::TwipsX, platform::TwipsY;
 
 constexpr int RoomBeside = 10, RoomAbove = 5;
 
@@ -53,9 +53,8 @@ Box frmToolTip::BoxAt(const CaretPoint& caret) const {
   const QString word = QString::fromStdString(Text()->TextRange(m_start, m_end));
   const qreal w =
       start.top() == end.top() ? end.left() - start.left() : QFontMetricsF(Text()->ShownFont()).horizontalAdvance(word);
-  return TipBox(caret, TwipsPerPixel * static_cast<float>(w),
-                TwipsPerPixel * static_cast<float>(RoomBeside + tipText->width()),
-                TwipsPerPixel * static_cast<float>(RoomAbove + tipText->height()));
+  return TipBox(caret, TwipsX * static_cast<float>(w), TwipsX * static_cast<float>(RoomBeside + tipText->width()),
+                TwipsY * static_cast<float>(RoomAbove + tipText->height()));
 }
 
 void frmToolTip::resizeEvent(QResizeEvent*) {

@@ -10,13 +10,13 @@
 namespace shell::ui {
 namespace {
 
-using platform::TwipsPerPixel;
+using platform::TwipsX, platform::TwipsY;
 
 constexpr QSize Smallest(240, 160);
 
 /// Pixels, whatever a file says: no number that a screen could not have.
 int Pixels(float twips) {
-  return std::isfinite(twips) ? static_cast<int>(std::lround(std::clamp(twips / TwipsPerPixel, -1e5F, 1e5F))) : 0;
+  return std::isfinite(twips) ? static_cast<int>(std::lround(std::clamp(twips / TwipsX, -1e5F, 1e5F))) : 0;
 }
 
 /// The screen that shows most of the rectangle, the main one when none shows any.
@@ -58,15 +58,15 @@ void RememberPlace(const QWidget& window, settings::FramePlace& place) {
                 : window.isMaximized() ? settings::WindowState::Maximised
                                        : settings::WindowState::Normal;
   if (place.State != settings::WindowState::Normal || window.isFullScreen()) return;
-  place.Left = static_cast<float>(window.x()) * TwipsPerPixel;
-  place.Top = static_cast<float>(window.y()) * TwipsPerPixel;
-  place.Width = static_cast<float>(window.width()) * TwipsPerPixel;
-  place.Height = static_cast<float>(window.height()) * TwipsPerPixel;
+  place.Left = static_cast<float>(window.x()) * TwipsX;
+  place.Top = static_cast<float>(window.y()) * TwipsY;
+  place.Width = static_cast<float>(window.width()) * TwipsX;
+  place.Height = static_cast<float>(window.height()) * TwipsY;
 }
 
 settings::ScreenSize MainScreen() {
   const QSize size = QGuiApplication::primaryScreen()->availableSize();
-  return {static_cast<float>(size.width()) * TwipsPerPixel, static_cast<float>(size.height()) * TwipsPerPixel};
+  return {static_cast<float>(size.width()) * TwipsX, static_cast<float>(size.height()) * TwipsY};
 }
 
 }  // namespace shell::ui

@@ -10,6 +10,7 @@
 #include <algorithm>
 
 #include "platform/qt/CustomiseDialog.h"
+#include "platform/qt/DroppedFiles.h"
 #include "platform/qt/MenuKeys.h"
 #include "platform/qt/TabStrip.h"
 #include "platform/qt/Text.h"
@@ -248,8 +249,8 @@ bool ActiveBar::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::Drop) {
     auto* drop = static_cast<QDropEvent*>(event);
     drop->acceptProposedAction();
-    for (const QUrl& url : drop->mimeData()->urls())
-      if (url.isLocalFile() && m_events.FileDropped) m_events.FileDropped(url.toLocalFile().toStdString());
+    for (const std::string& path : DroppedFiles(drop->mimeData()))
+      if (m_events.FileDropped) m_events.FileDropped(path);
     return true;
   }
   return QObject::eventFilter(watched, event);

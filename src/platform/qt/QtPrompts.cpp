@@ -9,6 +9,7 @@
 #include <QMessageBox>
 #include <QTreeView>
 
+#include "platform/qt/Colour.h"
 #include "platform/qt/FontChoice.h"
 #include "platform/qt/ToolIcon.h"
 
@@ -157,11 +158,8 @@ std::optional<FontRecord> QtPrompts::AskFont(const FontRecord& initial) {
 }
 
 std::optional<rich_text::ColourValue> QtPrompts::AskColour(rich_text::ColourValue initial) {
-  const QColor start(static_cast<int>(initial & 0xFF), static_cast<int>(initial >> 8 & 0xFF),
-                     static_cast<int>(initial >> 16 & 0xFF));
-  const QColor chosen = QColorDialog::getColor(start, QApplication::activeWindow());
-  if (!chosen.isValid()) return std::nullopt;
-  return static_cast<rich_text::ColourValue>(chosen.red() | chosen.green() << 8 | chosen.blue() << 16);
+  const QColor chosen = QColorDialog::getColor(ColourOf(initial), QApplication::activeWindow());
+  return chosen.isValid() ? std::optional(ValueOf(chosen)) : std::nullopt;
 }
 
 }  // namespace platform::qt

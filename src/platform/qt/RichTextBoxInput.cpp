@@ -7,9 +7,9 @@
 #include <QInputMethodEvent>
 #include <QMimeData>
 #include <QMouseEvent>
-#include <QUrl>
 #include <QWheelEvent>
 
+#include "platform/qt/DroppedFiles.h"
 #include "platform/qt/KeyCodes.h"
 #include "platform/qt/RichTextBox.h"
 #include "rich_text/Encoding.h"
@@ -19,16 +19,6 @@ namespace {
 
 int ButtonOf(Qt::MouseButton button) {
   return button == Qt::LeftButton ? 1 : button == Qt::RightButton ? 2 : button == Qt::MiddleButton ? 4 : 0;
-}
-
-/// The paths of the local files that the data names.
-std::vector<std::string> FilesIn(const QMimeData* source) {
-  std::vector<std::string> paths;
-  if (source == nullptr) return paths;
-  const QList<QUrl> urls = source->urls();
-  for (const QUrl& url : urls)
-    if (url.isLocalFile()) paths.push_back(url.toLocalFile().toStdString());
-  return paths;
 }
 
 /// Text for other programs, turned into theirs only when one of them asks: every selection is offered to them.
@@ -230,17 +220,17 @@ QMimeData* RichTextBox::toMimeData(const QByteArray& text, bool) const {
 // Drag and drop: files are the listener's, text is the component's own.
 
 void RichTextBox::dragEnterEvent(QDragEnterEvent* event) {
-  if (!FilesIn(event->mimeData()).empty()) return event->acceptProposedAction();
+  if (!DroppedFiles(event->mimeData()).empty()) return event->acceptProposedAction();
   if (m_enabled) QsciScintillaBase::dragEnterEvent(event);
 }
 
 void RichTextBox::dragMoveEvent(QDragMoveEvent* event) {
-  if (!FilesIn(event->mimeData()).empty()) return event->acceptProposedAction();
+  if (!DroppedFiles(event->mimeData()).empty()) return event->acceptProposedAction();
   if (m_enabled) Operate([&] { QsciScintillaBase::dragMoveEvent(event); });
 }
 
 void RichTextBox::dropEvent(QDropEvent* event) {
-  const std::vector<std::string> paths = FilesIn(event->mimeData());
+  const std::vector<std::string> paths = DroppedFiles(event->mimeData());
   if (!paths.empty()) {
     event->acceptProposedAction();
     if (m_events != nullptr) m_events->FilesDropped(paths);

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/qt/Colour.h"
 #include "platform/qt/FontChoice.h"
 #include "platform/qt/RichTextBox.h"
 
@@ -14,11 +15,6 @@ namespace {
 
 constexpr unsigned StrikeIndicator = 8;
 constexpr unsigned LeftPadding = 4;
-
-/// A colour as the component takes it, which is also the program's own form.
-rich_text::ColourValue ValueOf(const QColor& colour) {
-  return static_cast<rich_text::ColourValue>(colour.red() | colour.green() << 8 | colour.blue() << 16);
-}
 
 /// The face as an RTF font table can hold it.
 std::string RtfFontName(const std::string& name) {

@@ -9,6 +9,7 @@
 
 #include "editor/RecoveryOffer.h"
 #include "platform/FileParsing.h"
+#include "platform/qt/DroppedFiles.h"
 #include "settings/TemplateChoice.h"
 #include "settings/TemplateQuestions.h"
 #include "shell/CaretPlace.h"
@@ -305,8 +306,7 @@ void BackWin::dragEnterEvent(QDragEnterEvent* event) {
 }
 
 void BackWin::dropEvent(QDropEvent* event) {
-  for (const QUrl& url : event->mimeData()->urls())
-    if (url.isLocalFile()) OpenDropped(url.toLocalFile().toStdString());
+  for (const std::string& path : platform::qt::DroppedFiles(event->mimeData())) OpenDropped(path);
 }
 
 void BackWin::OpenDropped(const std::string& path) {

@@ -4,19 +4,17 @@
 #include <QIconEngine>
 #include <QPainter>
 
+#include "platform/qt/Colour.h"
+
 namespace template_editor::ui {
 namespace {
 
 const QColor CrossedOut(0xE0, 0x38, 0x38);
 
-QColor ColourOf(rich_text::ColourValue value) {
-  return {static_cast<int>(value & 0xFF), static_cast<int>(value >> 8 & 0xFF), static_cast<int>(value >> 16 & 0xFF)};
-}
-
 void PaintSwatch(QPainter& painter, const QRect& place, MaybeColour colour, const QPalette& palette) {
   const QRect box = place.adjusted(1, 1, -2, -2);
   painter.setPen(palette.color(QPalette::Mid));
-  painter.setBrush(colour ? ColourOf(*colour) : palette.color(QPalette::Base));
+  painter.setBrush(colour ? platform::qt::ColourOf(*colour) : palette.color(QPalette::Base));
   painter.drawRect(box);
   if (colour) return;
   painter.setRenderHint(QPainter::Antialiasing);

@@ -29,7 +29,6 @@ void ApplySwitch(FrameSteps& frame, const std::string& token, bool& useSubclassi
 
 void LoadFrame(FrameSteps& frame, const CommandLine& commandLine, bool& useSubclassing) {
   frame.EnterProgramFolder();
-  frame.PreLoad();
   frame.SetHelpFile();
   InitialiseFrame(frame);
   useSubclassing = true;

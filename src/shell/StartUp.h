@@ -18,7 +18,6 @@ class FrameSteps {
   virtual platform::Prompts& Prompts() = 0;
 
   virtual void EnterProgramFolder() = 0;  ///< makes it the current folder
-  virtual void PreLoad() = 0;             ///< warms up the text scanners
   virtual void SetHelpFile() = 0;
   virtual settings::HistoryPaths LoadSettings() = 0;  ///< gives the history's paths
   virtual void ReadFileInfo() = 0;

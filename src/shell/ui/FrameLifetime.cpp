@@ -4,7 +4,6 @@
 #include <filesystem>
 
 #include "aids/PreviewPage.h"
-#include "editor/rtfscan/Scanners.h"
 #include "platform/ProgramFolder.h"
 #include "settings/RegistryFile.h"
 #include "shell/ui/FramePlacement.h"
@@ -28,11 +27,6 @@ settings::StoreSteps FrameLifetime::StoreSteps() {
 void FrameLifetime::EnterProgramFolder() {
   std::error_code ignored;  // every path is absolute: a folder that cannot be entered keeps nobody from working
   std::filesystem::current_path(m_parts.Values.ProgramFolder, ignored);
-}
-
-void FrameLifetime::PreLoad() {
-  std::string text = "Pre-Load";
-  editor::rtfscan::ClearLn(text);
 }
 
 void FrameLifetime::SetHelpFile() {

@@ -36,7 +36,6 @@ class FrameLifetime final : public FrameSteps {
 
   platform::Prompts& Prompts() override { return m_parts.Prompts; }
   void EnterProgramFolder() override;
-  void PreLoad() override;
   void SetHelpFile() override;
   settings::HistoryPaths LoadSettings() override;
   void ReadFileInfo() override { m_fileInfo.ReadFileInfo(); }

@@ -15,7 +15,6 @@ class RecordingFrame : public FrameSteps {
  public:
   platform::Prompts& Prompts() override { return Questions; }
   void EnterProgramFolder() override { Done += " folder"; }
-  void PreLoad() override { Done += " preload"; }
   void SetHelpFile() override { Done += " help"; }
   std::array<std::string, 3> LoadSettings() override {
     Done += " settings";
@@ -46,8 +45,7 @@ class RecordingFrame : public FrameSteps {
   int Windows = 0;
 };
 
-constexpr const char* Loaded =
-    " folder preload help settings fileinfo layout history(one) history(two) history() templates";
+constexpr const char* Loaded = " folder help settings fileinfo layout history(one) history(two) history() templates";
 
 TEST(StartUp, StepsComeInTheirOrder) {
   const struct {

@@ -13,6 +13,7 @@
 
 #include "platform/qt/FontChoice.h"
 #include "settings/ui/CaptionLabel.h"
+#include "settings/ui/OkAndCancel.h"
 
 namespace settings::ui {
 namespace {
@@ -87,23 +88,14 @@ QGroupBox* frmFontSet::Group(std::size_t group) {
 }
 
 QWidget* frmFontSet::Buttons() {
-  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+  QDialogButtonBox* buttons = OkAndCancel(*this);
   QPushButton* reset = buttons->addButton(QStringLiteral("Reset Fonts"), QDialogButtonBox::ResetRole);
   reset->setObjectName(QStringLiteral("cmdReset"));
   reset->setAutoDefault(false);
-  QPushButton* ok = buttons->button(QDialogButtonBox::Ok);
-  ok->setObjectName(QStringLiteral("OKButton"));
-  ok->setText(QStringLiteral("OK"));
-  ok->setDefault(true);
-  QPushButton* cancel = buttons->button(QDialogButtonBox::Cancel);
-  cancel->setObjectName(QStringLiteral("CancelButton"));
-  cancel->setText(QStringLiteral("Cancel"));
   connect(reset, &QPushButton::clicked, this, [this] {
     m_model.Reset();
     for (std::size_t group = 0; group < FontSetModel::Groups; ++group) ShowSample(group);
   });
-  connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   return buttons;
 }
 

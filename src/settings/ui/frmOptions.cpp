@@ -13,6 +13,7 @@
 #include <QVBoxLayout>
 
 #include "settings/ui/CaptionLabel.h"
+#include "settings/ui/OkAndCancel.h"
 
 namespace settings::ui {
 namespace {
@@ -45,7 +46,7 @@ frmOptions::frmOptions(OptionsModel model, std::string programFolder, bool& dial
                         static_cast<QWidget*>(HighlightFrame())})
     layout->addWidget(part);
   layout->addStretch();
-  layout->addWidget(Buttons());
+  layout->addWidget(OkAndCancel(*this));
   Show(m_model.Load());
 }
 
@@ -133,20 +134,6 @@ QGroupBox* frmOptions::HighlightFrame() {
       "Single line whilst &editing - will highlight on load, then only update single lines as edited");
   add(Highlighting::Full, "optFull", "&Full (can be slow on older computers)");
   return frame;
-}
-
-QWidget* frmOptions::Buttons() {
-  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-  QPushButton* ok = buttons->button(QDialogButtonBox::Ok);
-  ok->setObjectName(QStringLiteral("OKButton"));
-  ok->setText(QStringLiteral("OK"));
-  ok->setDefault(true);
-  QPushButton* cancel = buttons->button(QDialogButtonBox::Cancel);
-  cancel->setObjectName(QStringLiteral("CancelButton"));
-  cancel->setText(QStringLiteral("Cancel"));
-  connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-  return buttons;
 }
 
 void frmOptions::Show(const OptionsForm& form) {

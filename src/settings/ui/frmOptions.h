@@ -34,7 +34,6 @@ class frmOptions : public QDialog {
   QGroupBox* UnknownFrame();
   QGroupBox* TabsFrame();
   QGroupBox* HighlightFrame();
-  QWidget* Buttons();
   void Show(const OptionsForm& form);
   OptionsForm Chosen() const;
   void Browse();

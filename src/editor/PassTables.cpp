@@ -294,6 +294,7 @@ PassTables::PassTables(const templates::TemplateFields& fields)
   std::vector<std::uint32_t> tokens;
   for (const auto& word : fields.ColWords) AddWord(*word, tokens);
   Tokens.Build(Words, tokens);
+  SetEnds();
   SetKinds();
   SetFilter(tokens);
   for (const auto& word : fields.Words) {
@@ -337,13 +338,41 @@ bool PassTables::IsWholeToken(const std::string& folded) const {
   return true;
 }
 
+/// Whether the word is a character and a delimiter at which the pass stops anyhow, because it is a word by itself.
+bool PassTables::IsEndOfToken(const std::string& folded) const {
+  return folded.size() == 2 && Delimeters.Has(static_cast<unsigned char>(folded[1])) &&
+         Anywhere.HasWord(static_cast<unsigned char>(folded[1]));
+}
+
+// A word that starts inside a token keeps the pass from skimming. Templates have many of one sort, though: a letter and
+// a quote. Those are looked for at the quote, when no other word starts inside a token.
+void PassTables::SetEnds() {
+  if (!Fold.CaseSensitive()) return;
+  std::array<std::array<std::uint64_t, 2>, 128> ends{};
+  for (const PassWord& word : Words) {
+    const std::string& start = word.Start.Folded();
+    if (start.empty() || IsWholeToken(start)) continue;
+    const auto first = static_cast<unsigned char>(start[0]);
+    if (first >= 0x80 || Delimeters.Has(first)) continue;
+    if (!IsEndOfToken(start)) return;
+    ends[static_cast<unsigned char>(start[1])][first / 64] |= std::uint64_t{1} << (first % 64);
+  }
+  m_ends = ends;
+}
+
+bool PassTables::HasEnd(unsigned char first) const {
+  return std::any_of(m_ends.begin(), m_ends.end(),
+                     [first](const auto& ends) { return (ends[first / 64] >> (first % 64) & 1) != 0; });
+}
+
 void PassTables::SetKinds() {
   for (unsigned byte = 0; byte < 0x80; ++byte) {
     const bool delimeter = Delimeters.Has(byte);
     const bool starts = Anywhere.StartsWith(static_cast<unsigned char>(Fold.Fold(char32_t{byte})));
-    Kinds[byte] = starts ? (delimeter ? ByteKind::TrieDelimeter : ByteKind::TrieToken)
-                         : (delimeter ? ByteKind::Delimeter : ByteKind::Token);
-    if (starts && !delimeter) AnywhereInTokens = true;
+    const bool inToken = starts && !delimeter && !HasEnd(static_cast<unsigned char>(byte));
+    Kinds[byte] = delimeter ? (starts ? ByteKind::TrieDelimeter : ByteKind::Delimeter)
+                            : (inToken ? ByteKind::TrieToken : ByteKind::Token);
+    if (inToken) AnywhereInTokens = true;
   }
   Kinds['\r'] = Kinds['\n'] = ByteKind::LineEnd;
   for (unsigned byte = 0; byte < 0x80; ++byte) {

@@ -134,6 +134,9 @@ class Trie {
   /// Whether a word begins with this byte of folded text.
   bool StartsWith(unsigned char byte) const { return m_root[byte] != 0; }
 
+  /// Whether this byte of folded text is a word by itself.
+  bool HasWord(unsigned char byte) const { return m_root[byte] != 0 && m_words[m_root[byte]] != NoWord; }
+
   /// Calls `found(word, end)` for every word that matches at `offset`, the shorter ones first.
   template <typename Found>
   void Walk(const Folding& folding, std::string_view text, std::size_t offset, Found found) const;
@@ -203,7 +206,11 @@ struct PassTables {
     return second >= 0x80 || (m_pairs[first][second / 64] >> (second % 64) & 1) != 0;
   }
   SkimFilter Filter;
-  bool AnywhereInTokens = false;  ///< a word of the trie may start inside a token
+  bool AnywhereInTokens = false;  ///< a word of the trie may start inside a token, other than as its last character
+  /// Whether a word of the trie may begin with the last character of a token and the delimiter behind it.
+  bool MayEnd(unsigned char last, unsigned char delimeter) const {
+    return last < 0x80 && delimeter < 0x80 && (m_ends[delimeter][last / 64] >> (last % 64) & 1) != 0;
+  }
   std::array<ByteKind, 256> Kinds{};
 
   // For the line pass.
@@ -213,11 +220,16 @@ struct PassTables {
  private:
   void AddWord(const templates::colWord& word, std::vector<std::uint32_t>& tokens);
   bool IsWholeToken(const std::string& folded) const;
+  bool IsEndOfToken(const std::string& folded) const;
+  void SetEnds();
+  /// Whether words of this character and a delimiter are looked for at the delimiter.
+  bool HasEnd(unsigned char first) const;
   void SetKinds();
   void SetPairs();
   void SetFilter(const std::vector<std::uint32_t>& tokens);
 
   std::array<std::array<std::uint64_t, 2>, 128> m_pairs{};  ///< bits by first and second byte
+  std::array<std::array<std::uint64_t, 2>, 128> m_ends{};   ///< bits by delimiter and the byte before it
 };
 
 template <typename Found>

@@ -63,7 +63,15 @@ WholePass::Found WholePass::AtToken(std::size_t start, bool behindDelimeter, std
 WholePass::Found WholePass::TokenFound(std::size_t start, std::size_t end, bool ascii) const {
   const std::uint32_t word = m_tables.Tokens.Find(m_tables.Fold, m_tables.Words, m_text, start, end, ascii);
   if (word == TokenTable::NoWord || !m_tables.Delimeters.HasAt(m_text, end)) return {};
-  return {word, start, end};
+  Found found{word, start, end};
+  if (end == start + 1) AtEnd(end, found);
+  return found;
+}
+
+void WholePass::AtEnd(std::size_t delimeter, Found& best) const {
+  if (delimeter == m_text.size()) return;
+  const auto* bytes = reinterpret_cast<const unsigned char*>(m_text.data()) + delimeter;
+  if (m_tables.MayEnd(bytes[-1], bytes[0])) AtTrie(delimeter - 1, false, best);
 }
 
 void WholePass::AtTrie(std::size_t start, bool behindDelimeter, Found& best) const {
@@ -155,6 +163,8 @@ std::optional<WholePass::Found> WholePass::FindNext(UnitPosition& from) {
       behind = kind == ByteKind::Delimeter || behindLineEnd;
       continue;
     }
+    if (i > from.Offset) AtEnd(i, best);
+    if (best.Word != TokenTable::NoWord) return best;
     const bool isDelimeter = IsDelimeterAt(i, kind);
     std::size_t tokenEnd = i;
     if (!isDelimeter && (behind || !m_tables.AnywhereInTokens)) best = AtToken(i, behind, tokenEnd);
@@ -166,7 +176,11 @@ std::optional<WholePass::Found> WholePass::FindNext(UnitPosition& from) {
       i = tokenEnd;
     behind = isDelimeter;
   }
-  if (i > from.Offset) from = {i};  // what stands before it is in the text
+  if (i == from.Offset) return std::nullopt;
+  Found atEnd;  // a block may reach further than the search
+  if (!m_over) AtEnd(i, atEnd);
+  if (atEnd.Word != TokenTable::NoWord) return atEnd;
+  from = {i};  // what stands before it is in the text
   return std::nullopt;
 }
 

@@ -32,6 +32,8 @@ class WholePass {
   /// The occurrence at the token that starts at `start`; sets `tokenEnd`.
   Found AtToken(std::size_t start, bool behindDelimeter, std::size_t& tokenEnd) const;
   void AtTrie(std::size_t start, bool behindDelimeter, Found& best) const;
+  /// The occurrence of a word of a token's last character and the delimiter there.
+  void AtEnd(std::size_t delimeter, Found& best) const;
   bool IsDelimeterAt(std::size_t offset, ByteKind kind) const;
   Found TokenFound(std::size_t start, std::size_t end, bool ascii) const;
   /// Goes on from a place behind a delimiter to where a word of the trie or a token beyond ASCII may begin, or to the

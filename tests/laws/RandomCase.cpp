@@ -1,5 +1,6 @@
 #include "RandomCase.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -37,6 +38,7 @@ class Maker {
     m_case.CloseAtLineEnd = m_dice.Chance(60);
     MakeDelimeters();
     MakeColourWords();
+    if (m_case.CaseSensitive && !m_case.Delimeters.empty() && m_dice.Chance(40)) MakeEndsOfTokens();
     MakeActionWords();
     MakeText();
     return std::move(m_case);
@@ -78,6 +80,27 @@ class Maker {
       word.Colour = m_dice.Chance(95) ? m_dice.Between(0, m_case.Colours + 1) : m_dice.Between(-2, 12);
       word.Include = m_dice.Chance(50);
       words.push_back(std::move(word));
+    }
+  }
+
+  /// A delimiter, and words of a character and that delimiter, which are looked for from behind when no other word
+  /// starts inside a token.
+  void MakeEndsOfTokens() {
+    std::vector<RandomCase::ColourWord>& words = m_case.ColourWords;
+    const auto isDelimeter = [this](char32_t character) {
+      return m_case.Delimeters.find(character) != Characters::npos;
+    };
+    std::erase_if(words, [&](const RandomCase::ColourWord& word) {
+      return !word.Start.empty() && !isDelimeter(word.Start[0]) && std::ranges::any_of(word.Start, isDelimeter);
+    });
+    const Characters delimeter(1, m_dice.Pick(m_case.Delimeters));
+    for (std::size_t count = m_dice.Between(2, 5); count > 0; --count) {
+      RandomCase::ColourWord word;
+      word.Start = count == 1 ? delimeter : Characters(1, m_dice.Pick(m_alphabet)) + delimeter;
+      word.EndPoint = m_dice.Between(0, 2);
+      if (word.EndPoint == 2) word.End = delimeter;
+      word.Include = m_dice.Chance(50);
+      words.insert(words.begin() + static_cast<std::ptrdiff_t>(m_dice.Below(words.size() + 1)), std::move(word));
     }
   }
 

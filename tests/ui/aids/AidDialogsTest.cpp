@@ -78,8 +78,6 @@ TEST_F(AidDialogs, SynonymsAreAddedEditedAndTaken) {
     const int before = rows.topLevelItemCount();
     QTest::keyClick(&dialog, Qt::Key_N, Qt::AltModifier);
     ASSERT_TRUE(QTest::qWaitFor([&] { return rows.topLevelItemCount() == before + 1; }));
-    EXPECT_EQ(rows.currentItem()->text(0), QStringLiteral("new"));
-    EXPECT_EQ(rows.currentItem()->text(1), QStringLiteral("(click to select, then edit below)"));
     auto& word = Child<QLineEdit>(dialog, "txtExt");
     EXPECT_TRUE(QTest::qWaitFor([&] { return word.hasSelectedText(); }));
     QTest::keyClicks(&word, QStringLiteral("page"));

@@ -41,19 +41,12 @@ TEST_F(SettingsDialogs, OptionsAreReachedByTheirAccessKeysAndTakenOverByOk) {
     const auto& button = Child<QAbstractButton>(form, name);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !button.isDown() && button.isChecked() == checked; })) << name;
   }
-  QTest::keyClick(&form, Qt::Key_W, Qt::AltModifier);
-  auto& width = Child<QLineEdit>(form, "TabWidth");
-  EXPECT_TRUE(width.hasFocus());
-  QTest::keyClick(&width, Qt::Key_A, Qt::ControlModifier);
-  QTest::keyClicks(&width, QStringLiteral("8"));
-  auto& caption = Child<QLabel>(form, "Label4");
-  QTest::mouseClick(&caption, Qt::LeftButton);
+  Play("<Alt+W><Ctrl+A>8");
+  QTest::mouseClick(&Child<QLabel>(form, "Label4"), Qt::LeftButton);
   auto& combo = Child<QComboBox>(form, "cmbDefTemp");
   EXPECT_EQ(combo.currentText(), QStringLiteral("<none>"));
   combo.setFocus();
-  QTest::keyClick(&combo, Qt::Key_Down);
-  QTest::keyClick(&combo, Qt::Key_Down);
-  QTest::keyClick(&form, Qt::Key_Return);
+  Play("<Down><Down><Return>");
   EXPECT_FALSE(form.isVisible() || Cancelled);
   EXPECT_EQ(Values.DefOpenTemplate, "/b.def");
   EXPECT_EQ(Values.TabWidth, 8);

@@ -107,14 +107,6 @@ TEST_F(ColouringOrder, LinesThatComeOrGoAtOnce) {
   m_window.Undo();
   EXPECT_EQ(m_box.Text(), "if a\nif b\nif c\n");
   EXPECT_EQ(Picture(), "cc..|cc..|cc..|");
-
-  Click(2);
-  Key(Qt::Key_Return);
-  EXPECT_EQ(Picture(), "cc|..|cc..|cc..|") << "both halves are coloured at once";
-  Key(Qt::Key_Backspace);
-  EXPECT_EQ(Picture(), "....|cc..|cc..|");
-  Key(Qt::Key_Down);
-  EXPECT_EQ(Picture(), "cc..|cc..|cc..|");
 }
 
 TEST_F(ColouringOrder, AWrappedLineIsOneLine) {
